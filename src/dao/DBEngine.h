@@ -1,0 +1,85 @@
+#pragma once
+
+#include "dao/Database.h"
+#include "platform/Clock.h"
+#include "platform/RuntimeError.h"
+
+#include <QHash>
+
+/// Numbers of errors that routines handle themselves.
+namespace DaoErrorNumber {
+inline constexpr int OutOfRange = 6;
+inline constexpr int TableExists = 3010;
+inline constexpr int NoCurrentRecord = 3021;
+inline constexpr int FileNotFound = 3024;
+inline constexpr int DiskFull = 3026;
+inline constexpr int PathNotValid = 3044;
+inline constexpr int CannotOpenOrWrite = 3051;
+inline constexpr int NoSuchParameter = 3061;
+inline constexpr int MalformedStatement = 3075;
+inline constexpr int MalformedCriterion = 3077;
+inline constexpr int TableNotFound = 3078;
+inline constexpr int TextTooLong = 3163;
+inline constexpr int ReferredTo = 3200;
+inline constexpr int FileExists = 3204;
+inline constexpr int NoSuchItem = 3265;
+inline constexpr int EmptyTextNotAllowed = 3315;
+inline constexpr int NotADatabase = 3343;
+}
+
+/// The storage engine of the process: at most one connection per file, kept while a handle uses it and a while after.
+///
+/// Writes are grouped by command. The first write to a file opens a transaction; outside of any CommandScope it is
+/// committed at once, inside of one when the outermost scope ends, when Commit() is called (before a modal window, at
+/// the end of the process) or, in a long routine, by Yield(). Closing recordsets and handles commits nothing.
+/// A kill leaves whole groups.
+class DBEngine {
+public:
+    explicit DBEngine(const Clock& clock);
+    ~DBEngine();
+    DBEngine(const DBEngine&) = delete;
+    DBEngine& operator=(const DBEngine&) = delete;
+
+    /// An empty database; 3204 when the file exists, 3044 when its folder does not, 3051 when it cannot be written.
+    void CreateDatabase(const QString& path);
+    /// For reading and writing: 3024 no such file (it is never created), 3044 no such folder, 3051 the file or its folder
+    /// cannot be written, 3343 not a database.
+    Database OpenDatabase(const QString& path);
+    /// For looking at a file of others: nothing in it can be changed, and 3051 does not arise.
+    Database OpenDatabaseReadOnly(const QString& path);
+    /// A compact copy of a file that nobody has open in this process. `target` must not exist (3204).
+    void CompactDatabase(const QString& source, const QString& target);
+
+    /// Commits and closes the connection of a file that is about to be deleted, copied or replaced, so that a plain copy
+    /// of it is whole. A handle or recordset that is still open on it is a mistake of the caller: error 3045.
+    void Release(const QString& path);
+    void ReleaseAll();
+
+    /// Ends the group on every connection. Throws when a group could not be kept (3026 disk full).
+    void Commit();
+    /// Commit() when the last one is more than a second ago: for routines that yield to the event loop.
+    void Yield();
+    /// The group is given up: for the end of the process when Commit() itself failed.
+    void Rollback() noexcept;
+
+private:
+    friend class CommandScope;
+    struct State;
+    std::unique_ptr<State> d;
+};
+
+/// One command of the user. Scopes nest; the end of the outermost one commits, also when an exception passes, since what
+/// a routine wrote before its fault is kept. A commit that fails while an exception passes is dropped with its group.
+class CommandScope {
+public:
+    explicit CommandScope(DBEngine& engine);
+    /// Ends the scope early so that a failing commit can be reported. The destructor then does nothing.
+    void end();
+    ~CommandScope();
+    CommandScope(const CommandScope&) = delete;
+    CommandScope& operator=(const CommandScope&) = delete;
+
+private:
+    DBEngine& m_engine;
+    bool m_open = true;
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Literals.h"
+
+#include <functional>
+
+class Form;
+
+/// What the file browser or the track screen is opened on.
+struct ListRequest {
+    qint64 key = 0; ///< of the catalogue row
+    int number = 0;
+    QString title;
+    QString album; ///< audio only
+    int discs = 1; ///< in the set
+    int disc = 1;  ///< shown first
+};
+
+/// Screens that subsystems open in one another. The main window implements it; the arrows between floors still point
+/// down. Every call is modal: it returns when the screen has closed.
+class Screens {
+public:
+    virtual ~Screens() = default;
+
+    /// Whether a screen exists in this program, by its name; commands that lead to one that does not are disabled.
+    virtual bool offers(QStringView screen) const = 0;
+
+    virtual void ShowFileList(Form& opener, const ListRequest& request) = 0;
+    virtual void ShowTrackList(Form& opener, const ListRequest& request) = 0;
+    /// The loan dialog for one disc. `category` is "AD", "PC" or "DVD".
+    virtual void ShowAddInDue(Form& opener, const QString& category, qint64 key) = 0;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/Literals.h"
+
+#include <array>
+
+/// Values that one screen sets and another reads, under the names by which routines speak of them. What is not here goes
+/// by argument and result. A test gets fresh ones.
+struct Shared {
+    // Where files are. Set at the start and by whatever switches the database; never cleared.
+    QString HelpFilePath;
+    QString IniFilePath;
+    QString QueryIniFilePath;
+    QString MainDBPath; ///< of the external database while one is on view
+    QString FilesDBPath;
+    QString TracksDBPath;
+
+    bool ExternalDBOpen = false; ///< set and cleared by the switch of databases
+
+    bool CatalogueQueryMode = false; ///< set by the first stored query that runs; never cleared
+    /// Extra SQL of a catalogue or of the loan list, and for a moment the mode word between two screens ("edit:1",
+    /// "cddb:1", "fullAD"). Set by the opener or the screen's own filters; the screen that reads it clears it.
+    QString CatalogueQueryFilter;
+
+    bool DialogDone = false;    ///< set by a dialog that did its work; the opener reads and clears it
+    bool DueDateChange = false; ///< puts the loan dialog into changing a term; set and cleared by the loan list
+
+    int LastSavedNumber = 0; ///< set by the dialog that saved a disc; read by whoever opened it
+    int ShiftStart = 0;      ///< numbers from here on move up at the next save, 0 for none; MoveNumbers clears it
+    QString AutoDetectTag;   ///< "ad:" and an identifier for the next new row; not cleared by the audio editor
+    int OldDiscCount = 0;    ///< discs in the set before a change; set by cmdChange
+    QString PickedDisc;      ///< "number:disc" of the picker; cleared by who asked for it
+
+    QString CurrentDiscID; ///< last identifier read for a command, or of the list at hand
+    /// Names of the lists of disc 1 to 6 of the record at hand: filled by cmdFiles and cmdTracks, kept by what makes and
+    /// deletes lists.
+    std::array<QString, 6> DiscIDSlots;
+
+    bool CDDBUpdateRow = false; ///< hand-over to the CDDB dialog; set and cleared by its openers
+    bool CDDBSaveToIni = false;
+    int CDDBDiscInSet = 0;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+/// What the user's desktop does for us. Paths are native. Each returns false when the desktop refused.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+    virtual bool openFile(const QString& path) = 0;
+    virtual bool openFolderOf(const QString& path) = 0;
+    virtual bool openLink(const QString& url) = 0;
+};

@@ -1,0 +1,5 @@
+#pragma once
+
+#include <QString>
+
+using namespace Qt::StringLiterals;

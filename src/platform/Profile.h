@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QString>
+
+/// A settings file of sections and keys, lines end in CR LF, in code page 1251:
+///
+///     file    = *( section )
+///     section = "[" name "]" *( key "=" value / anything else )
+///
+/// Names are compared without regard to case; blanks around names and values do not count; a value in a pair of quotation
+/// marks loses them. Nothing is cached: each call goes to the file. A file that cannot be read is an empty one, and a
+/// write that fails has no effect besides its result, so nobody needs to catch anything here.
+///
+/// Untrusted: a file of more than 4 MiB counts as empty.
+class Profile {
+public:
+    explicit Profile(const QString& path);
+
+    const QString& path() const { return m_path; }
+
+    /// The value cut to `buffer` - 1 characters, as the readers' buffers have always been measured; empty when there is
+    /// no such key.
+    QString read(QStringView section, QStringView key, int buffer = 255) const;
+    /// Whether a value came back, and its numeric prefix (0 without one).
+    bool has(QStringView section, QStringView key) const { return !read(section, key).isEmpty(); }
+    double number(QStringView section, QStringView key, int buffer = 255) const;
+    /// The whole section as it stands, in order.
+    QStringList keys(QStringView section) const;
+
+    /// Replaces the value in place, or adds key and section at the end; what stands around it, comments too, is kept.
+    /// A character outside the code page becomes "?". The file is replaced in one step.
+    bool write(QStringView section, QStringView key, const QString& value) const;
+    bool removeKey(QStringView section, QStringView key) const;
+    bool removeSection(QStringView section) const;
+
+private:
+    QString m_path;
+};
+
+/// The number that a text begins with, blanks inside it passed over, "1 000,5 kg" giving 1000; 0 when it begins with none.
+double Val(QStringView text);

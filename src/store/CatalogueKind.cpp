@@ -1,0 +1,168 @@
+#include "store/CatalogueKind.h"
+
+QString CatalogueKind::join() const
+{
+    return u"SELECT * FROM %1, %2 WHERE %1.%3 = %2.%3 "_s.arg(table, dictionary.table, dictionary.key);
+}
+
+QString CatalogueKind::discTitle(const QString& name, const QString& albumText) const
+{
+    return album && !albumText.isEmpty() ? name + u" - "_s + albumText : name;
+}
+
+const CatalogueKind& Audio()
+{
+    static const CatalogueKind kind{
+        .code = u"AD"_s,
+        .kindWord = u"AudioCD"_s,
+        .accent = 0,
+        .icon = u"disc-audio"_s,
+        .table = u"Аудио"_s,
+        .key = u"КодАудиоДиск"_s,
+        .stamp = u"ПослОбновлАудио"_s,
+        .coverPrefix = u"ad_"_s,
+        .dictionary = {.table = u"Стиль"_s,
+                       .key = u"КодСтиля"_s,
+                       .lengthMessage = u"Название стиля не должно быть длинее 50 символов!"_s,
+                       .caption = u"Стиль"_s,
+                       .listName = u"cmbStyle"_s,
+                       .boxName = u"txtStyle"_s},
+        .lists = DiscLists::Tracks,
+        .album = true,
+        .browser = u"frmCatalogueAudioCD"_s,
+        .title = u"Каталог Аудио дисков"_s,
+        .nameCaption = u"Группа/Исполнитель"_s,
+        .mediumCaption = u"Аудио диск"_s,
+        .deleteQuestionTail = u"Список треков этого диска будет также удален."_s,
+        .sortedSetting = u"ADCDsorted"_s,
+        .sortOrders = {{u"по номеру"_s, u"Номер"_s},
+                       {u"по группе/исполнителю"_s, u"Название"_s},
+                       {u"по альбому"_s, u"Альбом"_s},
+                       {u"по году"_s, u"Год"_s},
+                       {u"по дискам"_s, u"Дисков"_s},
+                       {u"по стилю"_s, u"Стиль"_s},
+                       {u"по дате добавления"_s, u"ДатаЗаписи"_s},
+                       {u"по дате изменения"_s, u"ДатаИзменения"_s}},
+        .autoRespSlots = 6,
+        .listScreen = u"frmTrackList"_s,
+        .editor = u"frmAddInCatalogueAudio"_s,
+        .addCaption = u"Добавление Аудио диска"_s,
+        .changeCaption = u"Изменение информации Аудио диска"_s,
+        .requiredMessage =
+            u"Введите название группы или исполнителя.\rДанное поле является обязательным для заполнения."_s,
+        .reductionTail =
+            u"! Если для удаляемых дисков был создан списко треков, то он будет удален. Продолжить?"_s,
+        .clearsAutoDetectTag = false,
+        .noIdentifierMessage = u"Идентификатор диска не обнаружен!"_s,
+    };
+    return kind;
+}
+
+const CatalogueKind& Computer()
+{
+    static const CatalogueKind kind{
+        .code = u"PC"_s,
+        .kindWord = u"PcCD"_s,
+        .accent = 1,
+        .icon = u"disc-data"_s,
+        .table = u"Компьютер"_s,
+        .key = u"КодКомпьютерныйДиск"_s,
+        .stamp = u"ПослОбновлКомпьютер"_s,
+        .coverPrefix = u"pc_"_s,
+        .dictionary = {.table = u"Описание"_s,
+                       .key = u"КодОписания"_s,
+                       .lengthMessage = u"Описание не должно быть длинее 50 символов!"_s,
+                       .caption = u"Описание"_s,
+                       .listName = u"cmbDescription"_s,
+                       .boxName = u"txtDescription"_s},
+        .lists = DiscLists::Files,
+        .album = false,
+        .browser = u"frmCataloguePCCD"_s,
+        .title = u"Каталог Компьютерных дисков"_s,
+        .nameCaption = u"Название"_s,
+        .mediumCaption = u"Компьютерный диск"_s,
+        .deleteQuestionTail = u"Структура файлов этого диска будет также удалена."_s,
+        .sortedSetting = u"PCCDsorted"_s,
+        .sortOrders = {{u"по номеру"_s, u"Номер"_s},
+                       {u"по названию"_s, u"Название"_s},
+                       {u"по описанию"_s, u"Описание"_s},
+                       {u"по году"_s, u"Год"_s},
+                       {u"по дискам"_s, u"Дисков"_s},
+                       {u"по дате добавления"_s, u"ДатаЗаписи"_s},
+                       {u"по дате изменению"_s, u"ДатаИзменения"_s}},
+        .autoRespSlots = 4,
+        .listScreen = u"frmFileList"_s,
+        .editor = u"frmAddInCataloguePC"_s,
+        .addCaption = u"Добавление Компьютерного диска"_s,
+        .changeCaption = u"Изменение информации Компьютерного диска"_s,
+        .requiredMessage = u"Введите название диска.\rДанное поле является обязательным для заполнения."_s,
+        .reductionTail =
+            u"! Если для удаляемых дисков была создана структура файлов, то она будет удалена. Продолжить?"_s,
+        .clearsAutoDetectTag = true,
+        .noIdentifierMessage = u"Идентификатор не обнаружен!"_s,
+    };
+    return kind;
+}
+
+const CatalogueKind& Dvd()
+{
+    static const CatalogueKind kind{
+        .code = u"DVD"_s,
+        .kindWord = u"DVD"_s,
+        .accent = 2,
+        .icon = u"disc-dvd"_s,
+        .table = u"DVD"_s,
+        .key = u"КодDVDДиск"_s,
+        .stamp = u"ПослОбновлDVD"_s,
+        .coverPrefix = u"dvd_"_s,
+        .dictionary = {.table = u"Жанр"_s,
+                       .key = u"КодЖанр"_s,
+                       .lengthMessage = {},
+                       .caption = u"Жанр"_s,
+                       .listName = u"cmbGenre"_s,
+                       .boxName = u"txtGenre"_s},
+        .lists = DiscLists::None,
+        .album = false,
+        .browser = u"frmCatalogueDVD"_s,
+        .title = u"Каталог DVD дисков"_s,
+        .nameCaption = u"Название"_s,
+        .mediumCaption = u"DVD диск"_s,
+        .deleteQuestionTail = u"Структура файлов и обложка этого диска будут также удалены."_s,
+        .sortedSetting = u"DVDsorted"_s,
+        .sortOrders = {{u"по номеру"_s, u"Номер"_s},
+                       {u"по названию"_s, u"Название"_s},
+                       {u"по жанру"_s, u"Жанр"_s},
+                       {u"по году"_s, u"Год"_s},
+                       {u"по дискам"_s, u"Дисков"_s},
+                       {u"по зоне"_s, u"Зона"_s},
+                       {u"по дате добавления"_s, u"ДатаЗаписи"_s},
+                       {u"по дате изменению"_s, u"ДатаИзменения"_s}},
+        .autoRespSlots = 6,
+        .listScreen = {},
+        .editor = u"frmAddInCatalogueDVD"_s,
+        .addCaption = u"Добавление DVD диска"_s,
+        .changeCaption = u"Изменение информации DVD диска"_s,
+        .requiredMessage = u"Введите название диска.\rДанное поле является обязательным для заполнения."_s,
+        .reductionTail = {},
+        .clearsAutoDetectTag = true,
+        .noIdentifierMessage = u"Идентификатор не обнаружен!"_s,
+    };
+    return kind;
+}
+
+const std::array<const CatalogueKind*, 3>& AllCatalogues()
+{
+    static const std::array<const CatalogueKind*, 3> all{&Audio(), &Computer(), &Dvd()};
+    return all;
+}
+
+static const CatalogueKind* find(QString CatalogueKind::*member, QStringView value)
+{
+    for (const CatalogueKind* kind : AllCatalogues())
+        if (kind->*member == value) return kind;
+    return nullptr;
+}
+
+const CatalogueKind* CatalogueByCode(QStringView code) { return find(&CatalogueKind::code, code); }
+const CatalogueKind* CatalogueByKindWord(QStringView kindWord) { return find(&CatalogueKind::kindWord, kindWord); }
+const CatalogueKind* CatalogueByAddCaption(QStringView caption) { return find(&CatalogueKind::addCaption, caption); }

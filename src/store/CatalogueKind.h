@@ -1,0 +1,81 @@
+#pragma once
+
+#include "platform/Literals.h"
+
+#include <QList>
+#include <array>
+
+/// The names that discs of a catalogue refer to: styles, descriptions, genres.
+struct DictionaryKind {
+    QString table;          ///< "Стиль"; the name's field is called the same
+    QString key;            ///< "КодСтиля"
+    QString lengthMessage;  ///< told in the editor for more than 50 characters; empty: not tested there
+    QString caption;        ///< "Стиль", over lists
+    QString listName;       ///< control of the browser: "cmbStyle"
+    QString boxName;        ///< control of the editor: "txtStyle"
+};
+
+struct SortOrder {
+    QString item;  ///< "по номеру"
+    QString field; ///< "Номер"
+};
+
+/// Which database keeps a list per disc of a catalogue.
+enum class DiscLists { None, Tracks, Files };
+
+/// Everything that tells one catalogue from another. Code that asks "which one is it?" asks here; a fourth catalogue
+/// would be one more of these and a form file.
+struct CatalogueKind {
+    QString code;     ///< "AD", "PC", "DVD": in loans, skipcd.ini and query.ini
+    QString kindWord; ///< "AudioCD", "PcCD", "DVD": what a medium in a drive is
+    int accent;       ///< of Theme
+    QString icon;     ///< of Icons
+
+    QString table; ///< "Аудио"
+    QString key;   ///< "КодАудиоДиск"
+    QString stamp; ///< field of _Информация that a change sets
+    QString coverPrefix;
+    DictionaryKind dictionary;
+    DiscLists lists;
+    bool album; ///< titles are "Название - Альбом"
+
+    // Browser
+    QString browser; ///< "frmCatalogueAudioCD"
+    QString title;   ///< "Каталог Аудио дисков"
+    QString nameCaption;
+    QString mediumCaption; ///< "Аудио диск", "Компьютерный диск", "DVD диск"
+    QString deleteQuestionTail;
+    QString sortedSetting; ///< "ADCDsorted"; with "DESC" behind it the direction
+    QList<SortOrder> sortOrders;
+    int autoRespSlots; ///< how many bindings AutoResp looks at
+    QString listScreen; ///< "frmTrackList", or empty
+
+    // Editor
+    QString editor;     ///< "frmAddInCatalogueAudio"
+    QString addCaption; ///< "Добавление Аудио диска": the caption that puts editor and add dialog into adding
+    QString changeCaption;
+    QString requiredMessage;
+    QString reductionTail; ///< behind "Вы изменили общее число дисков c N на M"; empty: no reduction step
+    bool clearsAutoDetectTag;
+    QString noIdentifierMessage; ///< of the add dialog
+
+    QString queryTitle() const { return title + u" - Результат запроса"_s; }
+    /// SELECT of table and dictionary, ending in a blank; a filter and an ORDER BY follow.
+    QString join() const;
+    /// Name of the binding of disc k, 1 to 6: "ДискID1_d".
+    static QString bindingField(int k) { return u"ДискID%1_d"_s.arg(k); }
+    /// Name of the field that names the list of disc k: "ДискID1".
+    static QString listField(int k) { return u"ДискID%1"_s.arg(k); }
+    /// "Название", and for audio " - " and the album unless it is empty.
+    QString discTitle(const QString& name, const QString& albumText) const;
+};
+
+const CatalogueKind& Audio();
+const CatalogueKind& Computer();
+const CatalogueKind& Dvd();
+/// In the order of the program's lists: audio, computer, DVD.
+const std::array<const CatalogueKind*, 3>& AllCatalogues();
+/// Null for anything else.
+const CatalogueKind* CatalogueByCode(QStringView code);
+const CatalogueKind* CatalogueByKindWord(QStringView kindWord);
+const CatalogueKind* CatalogueByAddCaption(QStringView caption);

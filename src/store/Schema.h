@@ -1,0 +1,22 @@
+#pragma once
+
+#include "dao/Schema.h"
+
+/// The tables of the main database in the order in which they are created, without their seed rows.
+const QList<TableDef>& MainSchema();
+/// Фильтр1 and Фильтр2 of vinora_files.db.
+const QList<TableDef>& FilterSchema();
+/// The list of one computer disc and of one audio disc, named by `id`.
+TableDef FileTable(const QString& id);
+TableDef TrackTable(const QString& id);
+
+/// Names that a table is filled with when it is new, in order.
+struct Seed {
+    QString table;
+    QStringList names;
+};
+const QList<Seed>& MainSeeds();
+const QList<Seed>& FilterSeeds();
+
+/// "vinora.db" and its like are ours: the file's application_id.
+inline constexpr int DatabaseApplicationId = 0x766E7261; // "vnra"

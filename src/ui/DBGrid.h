@@ -1,0 +1,42 @@
+#pragma once
+
+#include "ui/DataControl.h"
+
+#include <QTableView>
+
+/// A table of a DataControl's rows. Rows are read as they come into view, counts are exact, nothing is read in full. The
+/// current row of the grid and of the control are one. Nothing is edited in it.
+class DBGrid : public QTableView {
+    Q_OBJECT
+public:
+    struct Column {
+        QString field;
+        QString caption;
+        DataControl::Format format = {};
+        Qt::Alignment alignment = Qt::AlignLeft;
+        int width = 0; ///< in average characters; 0 takes what is left
+    };
+
+    explicit DBGrid(QWidget* parent = nullptr);
+
+    void setColumns(const QList<Column>& columns);
+    void setCaption(int column, const QString& caption);
+    void setDataControl(DataControl* control);
+
+signals:
+    /// Keys that the grid does not handle itself: Insert, Delete, and text for type-ahead. Home and End go to the first
+    /// and last row, arrows and pages move as everywhere.
+    void insertPressed();
+    void deletePressed();
+    void typed(const QString& character);
+    void rowDoubleClicked();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    class Model;
+    Model* m_model;
+    DataControl* m_control = nullptr;
+};

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "dao/DBEngine.h"
+
+#include <QLineEdit>
+#include <QObject>
+#include <QPlainTextEdit>
+#include <functional>
+#include <optional>
+
+/// Binds a record source to a grid and to text boxes. It owns the recordset and its current row; every move, and every
+/// Refresh, shows the row in the bound boxes and then raises Reposition.
+class DataControl : public QObject {
+    Q_OBJECT
+public:
+    /// How a value is shown; nothing given, as plain text with Null empty.
+    using Format = std::function<QString(const Value&)>;
+
+    explicit DataControl(QObject* parent);
+
+    void setDatabase(const Database& database);
+    /// Lets go of database and recordset, so that the file can be released. The grid is empty then.
+    void close();
+    void setRecordSource(const QString& select);
+    const QString& recordSource() const { return m_recordSource; }
+    /// Opens the record source anew and goes to its first row.
+    void Refresh();
+    /// Opens it anew and stays on the row with the same key, or on the first when it is gone.
+    void RefreshInPlace();
+
+    /// Without an open record source: throws 3021.
+    Recordset& recordset();
+    int recordCount() const;
+    /// 0-based, -1 without a row.
+    int position() const;
+    bool hasRow() const { return position() >= 0; }
+    /// Null without a row.
+    Value value(QStringView field) const;
+
+    // Moves. Those that find nothing stay where they are, say false and raise nothing.
+    void MoveFirst();
+    void MoveLast();
+    void MoveTo(int position);
+    bool FindFirst(const QString& criterion, const QList<Value>& parameters = {});
+    bool FindNext(const QString& criterion, const QList<Value>& parameters = {});
+    bool FindKey(const QList<qint64>& key);
+
+    /// The box shows the field from now on. While the user is typing in it a move does not overwrite it.
+    void bind(QLineEdit* box, const QString& field, Format format = {});
+    void bind(QPlainTextEdit* box, const QString& field);
+    /// Shows the bound boxes again, also one that is being edited.
+    void showRow();
+
+signals:
+    void Reposition();
+    /// The rows themselves are others: grids reset.
+    void refreshed();
+    /// The current row is another one of the same rows.
+    void moved(int position);
+    /// Edited or deleted rows: grids read them again.
+    void rowsChanged();
+
+private:
+    struct Binding {
+        QWidget* box;
+        QString field;
+        Format format;
+    };
+    void afterMove();
+    void show(const Binding& binding, bool alsoEdited);
+
+    std::optional<Database> m_database;
+    std::optional<Recordset> m_recordset;
+    QString m_recordSource;
+    QList<Binding> m_bindings;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QStringList>
+#include <functional>
+
+/// Completes what is typed in a box from a list: the first item that begins with the text, without regard to case, fills
+/// the box and the tail that was not typed is selected. Backspace and Delete take away without completing; Backspace with
+/// a selection cuts the text down to what lies before it.
+class PrefixCompletion : public QObject {
+public:
+    PrefixCompletion(QLineEdit* box, QObject* parent);
+
+    /// In the order in which they are looked through.
+    void setItems(const QStringList& items);
+    /// While it says false nothing completes: for routines that fill the box.
+    void setActive(std::function<bool()> active);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void complete(const QString& text);
+
+    QLineEdit* m_box;
+    QStringList m_items, m_folded;
+    std::function<bool()> m_active;
+    bool m_suppressed = false;
+};
