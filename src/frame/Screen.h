@@ -3,6 +3,8 @@
 #include "frame/Fault.h"
 #include "ui/Form.h"
 
+#include <QLineEdit>
+
 /// A form of this program.
 class Screen : public Form {
 public:
