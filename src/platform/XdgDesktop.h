@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/Desktop.h"
+
+/// Asks the desktop by way of xdg-open. True means that it was started, not that the user saw anything.
+class XdgDesktop final : public Desktop {
+public:
+    bool openFile(const QString& path) override;
+    bool openFolderOf(const QString& path) override;
+    /// Web and mail addresses only.
+    bool openLink(const QString& url) override;
+};
