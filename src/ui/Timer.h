@@ -29,6 +29,7 @@ private:
     bool m_enabled = false;
     int m_id = 0;
     qint64 m_due = 0; ///< in a test: the made-up time of the next tick
+    bool m_ticking = false; ///< in a test
 };
 
 /// Time by hand. Between takeOver() and giveBack() no timer ticks by itself.
