@@ -28,7 +28,7 @@ private:
     int m_interval = 1000;
     bool m_enabled = false;
     int m_id = 0;
-    qint64 m_due = 0; ///< in a test: the made-up time of the next tick
+    qint64 m_due = 0;       ///< in a test: the made-up time of the next tick
     bool m_ticking = false; ///< in a test
 };
 
