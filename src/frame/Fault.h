@@ -15,6 +15,9 @@ void LogFault(const Program& program, QLatin1StringView place, const RuntimeErro
 /// without another box. Does not return.
 [[noreturn]] void ReportFault(Program& program, QLatin1StringView place, const RuntimeError& error);
 
+/// Ends the process at once. For messages whose answer is the end; errors go to ReportFault.
+[[noreturn]] void EndProcess(Program& program, int code);
+
 /// A routine's frame: one group of writes, the mouse pointer as it was at the end, and what the routine did not catch
 /// itself handed to ReportFault under its name, as in "frmDue, cmdDelete()".
 void Guarded(Program& program, QLatin1StringView place, const std::function<void()>& routine);

@@ -27,6 +27,9 @@ struct Program {
     /// Ends the process at once, without any further event; never returns (a test throws ProcessEnded from it).
     std::function<void(int code)> endProcess;
 
+    int routines = 0;     ///< guarded routines under way, one in another; kept by Guarded
+    bool faulted = false; ///< set by ReportFault: a second fault ends the process without a word
+
     Database mainDatabase() const { return engine.OpenDatabase(shared.MainDBPath); }
     Database filesDatabase() const { return engine.OpenDatabase(shared.FilesDBPath); }
     Database tracksDatabase() const { return engine.OpenDatabase(shared.TracksDBPath); }

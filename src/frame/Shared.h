@@ -39,4 +39,6 @@ struct Shared {
     bool CDDBUpdateRow = false; ///< hand-over to the CDDB dialog; set and cleared by its openers
     bool CDDBSaveToIni = false;
     int CDDBDiscInSet = 0;
+
+    bool DriveWatchPaused = false; ///< the drive is being read and must be left alone; set and cleared by the scan
 };

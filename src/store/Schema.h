@@ -13,6 +13,7 @@ TableDef TrackTable(const QString& id);
 /// Names that a table is filled with when it is new, in order.
 struct Seed {
     QString table;
+    QString field; ///< that takes the name; the others have their defaults
     QStringList names;
 };
 const QList<Seed>& MainSeeds();
