@@ -43,10 +43,7 @@ int ErrorOf(const std::function<void()>& action)
 /// The superuser may write everywhere; rights are tested as somebody else.
 class AsOrdinaryUser {
 public:
-    AsOrdinaryUser() : m_was(geteuid())
-    {
-        EXPECT_EQ(seteuid(m_was == 0 ? 65534 : m_was), 0);
-    }
+    AsOrdinaryUser() : m_was(geteuid()) { EXPECT_EQ(seteuid(m_was == 0 ? 65534 : m_was), 0); }
     ~AsOrdinaryUser() { EXPECT_EQ(seteuid(m_was), 0); }
 
 private:
