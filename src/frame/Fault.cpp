@@ -86,8 +86,8 @@ void LogFault(const Program& program, QLatin1StringView place, const RuntimeErro
 {
     // The format promises one line per fault, whatever the description holds.
     const QString description = error.description().simplified();
-    const QString line = program.clock.now().toString(u"dd.MM.yyyy hh:mm:ss "_s) + versionInLog(program.version) + u' ' +
-                         description + codeOf(error) + u' ' + place + u"\r\n"_s;
+    const QString line = program.clock.now().toString(u"dd.MM.yyyy hh:mm:ss "_s) + versionInLog(program.version) +
+                         u' ' + description + codeOf(error) + u' ' + place + u"\r\n"_s;
     append(program.applicationFolder + u"/bugreport.log"_s, EncodeCp1251(line));
 }
 

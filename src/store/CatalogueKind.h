@@ -7,12 +7,12 @@
 
 /// The names that discs of a catalogue refer to: styles, descriptions, genres.
 struct DictionaryKind {
-    QString table;          ///< "Стиль"; the name's field is called the same
-    QString key;            ///< "КодСтиля"
-    QString lengthMessage;  ///< told in the editor for more than 50 characters; empty: not tested there
-    QString caption;        ///< "Стиль", over lists
-    QString listName;       ///< control of the browser: "cmbStyle"
-    QString boxName;        ///< control of the editor: "txtStyle"
+    QString table;         ///< "Стиль"; the name's field is called the same
+    QString key;           ///< "КодСтиля"
+    QString lengthMessage; ///< told in the editor for more than 50 characters; empty: not tested there
+    QString caption;       ///< "Стиль", over lists
+    QString listName;      ///< control of the browser: "cmbStyle"
+    QString boxName;       ///< control of the editor: "txtStyle"
 };
 
 struct SortOrder {
@@ -47,11 +47,11 @@ struct CatalogueKind {
     QString deleteQuestionTail;
     QString sortedSetting; ///< "ADCDsorted"; with "DESC" behind it the direction
     QList<SortOrder> sortOrders;
-    int autoRespSlots; ///< how many bindings AutoResp looks at
+    int autoRespSlots;  ///< how many bindings AutoResp looks at
     QString listScreen; ///< "frmTrackList", or empty
 
     // Editor
-    QString editor;     ///< "frmAddInCatalogueAudio"
+    QString editor; ///< "frmAddInCatalogueAudio"
     QString addCaption; ///< "Добавление Аудио диска": the caption that puts editor and add dialog into adding
     QString changeCaption;
     QString requiredMessage;

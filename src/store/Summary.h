@@ -9,7 +9,7 @@ class Database;
 
 /// What the dashboard tells of one catalogue.
 struct CatalogueSummary {
-    int discs = 0; ///< rows of the catalogue
+    int discs = 0;    ///< rows of the catalogue
     QDate lastUpdate; ///< invalid when it was never changed
     int lent = 0;     ///< open loans
 };
