@@ -14,5 +14,6 @@ struct BoundDisc {
     QString title; ///< as CatalogueKind::discTitle gives it
 };
 
-/// The first row in stored order with `id` in one of its first `slots` bindings.
-std::optional<BoundDisc> FindBoundDisc(const Database& main, const CatalogueKind& kind, const QString& id, int slots = 6);
+/// The first row in stored order with `id` in one of its first `bindings` bindings.
+std::optional<BoundDisc> FindBoundDisc(const Database& main, const CatalogueKind& kind, const QString& id,
+                                       int bindings = 6);

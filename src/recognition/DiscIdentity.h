@@ -9,19 +9,30 @@ QString ReadSkipCD(const Program& program, const QString& id);
 /// Letters of all drives, "DEV".
 QString GetCDDrives(const Program& program);
 
-/// Whether a question may be put to the user, or the drive asked afresh: commands do both, the watch neither.
-enum class Asking { Command, Watch };
-
+/// The kind word of a medium that only the user can tell.
+inline const QString UndecidedKind = u"?"_s;
 /// The medium's kind by its properties and the user's corrections: "AudioCD", "PcCD", "DVD", empty for no usable medium,
-/// and "?" when only the user can tell (the watch then waits, a command asks with AskCategory).
+/// and UndecidedKind (the watch then waits, a command asks with AskCategory).
 QString KindOfVolume(const VolumeProperties& volume, const QString& correction);
 
-/// Kind of the disc in a drive ("E:\"). May open the category dialog. Faults go to the fault routine.
+/// What is known of the disc in a drive.
+struct DiscInDrive {
+    QString kind; ///< kind word, empty without a usable medium
+    QString id;   ///< empty without a usable medium, and for a medium without a serial number
+};
+/// Asks the drive ("E:\") afresh, for commands. May open the category dialog. Faults go to the fault routine.
+/// CurrentDiscID is left alone.
+DiscInDrive ReadDisc(Program& program, const QString& drive);
+/// The parts of ReadDisc for who needs one alone.
 QString GetDiskIDcheck(Program& program, const QString& drive);
-/// Its identifier, empty without a usable medium. Does not touch CurrentDiscID.
 QString GetDiskID(Program& program, const QString& drive);
+
+/// Last known answer of the drive, for the watch: under 1 ms, and nobody is asked, so the kind may be UndecidedKind (the
+/// identifier is known then too).
+DiscInDrive PeekDisc(const Program& program, const QString& drive);
 
 /// Asks the user which category the disc belongs to and stores the answer in skipcd.ini. Kind word, empty for none.
 QString AskCategory(Program& program, const QString& id);
-/// The command that corrects a category by hand, without the timer's part: true when the category was asked for.
-bool ChangeCategory(Program& program, const QString& drive);
+/// The command that corrects a category by hand: true when the category was asked for, and the watch is to start again.
+/// `stopWatch` runs once the user has agreed; without a disc in the drive the watch stays stopped.
+bool ChangeCategory(Program& program, const QString& drive, const std::function<void()>& stopWatch);

@@ -1,5 +1,7 @@
 #include "store/CatalogueKind.h"
 
+#include <algorithm>
+
 QString CatalogueKind::join() const
 {
     return u"SELECT * FROM %1, %2 WHERE %1.%3 = %2.%3 "_s.arg(table, dictionary.table, dictionary.key);
@@ -153,6 +155,11 @@ const std::array<const CatalogueKind*, 3>& AllCatalogues()
 {
     static const std::array<const CatalogueKind*, 3> all{&Audio(), &Computer(), &Dvd()};
     return all;
+}
+
+std::size_t CatalogueIndex(const CatalogueKind& kind)
+{
+    return std::size_t(std::ranges::find(AllCatalogues(), &kind) - AllCatalogues().begin());
 }
 
 static const CatalogueKind* find(QString CatalogueKind::*member, QStringView value)

@@ -75,6 +75,8 @@ const CatalogueKind& Computer();
 const CatalogueKind& Dvd();
 /// In the order of the program's lists: audio, computer, DVD.
 const std::array<const CatalogueKind*, 3>& AllCatalogues();
+/// Place in AllCatalogues().
+std::size_t CatalogueIndex(const CatalogueKind& kind);
 /// Null for anything else.
 const CatalogueKind* CatalogueByCode(QStringView code);
 const CatalogueKind* CatalogueByKindWord(QStringView kindWord);

@@ -1,0 +1,39 @@
+#include "recognition/frmSelectCategory.h"
+
+#include "store/CatalogueKind.h"
+
+#include <algorithm>
+
+frmSelectCategory::frmSelectCategory(Program& program)
+    : Screen(program, u"frmSelectCategory"_s, u"Выбор категории диска"_s)
+{
+    // The three words differ in their first letters, which are the keys.
+    for (std::size_t i = 0; i < options().size(); ++i) options()[i]->setText(u'&' + AllCatalogues()[i]->mediumCaption);
+    optAD->setChecked(true);
+    lblTrabl->setWordWrap(true);
+    lblInfo->setWordWrap(true);
+    imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Отнести диск к выбранной категории"_s);
+    imgButton[0]->setDefault(true);
+    imgButton[1]->setup(u"cancel"_s, u"Отмена"_s, u"Закрыть без выбора"_s);
+    setLayout(column(lblTrabl, group(QString(), column(lblInfo, optAD, optPC, optDVD)),
+                     row(stretch, imgButton[0], imgButton[1])));
+
+    connect(imgButton[0], &QPushButton::clicked, this, [this] {
+        this->program.shared.DialogDone = true;
+        Unload();
+    });
+    connect(imgButton[1], &QPushButton::clicked, this, &Form::reject);
+}
+
+void frmSelectCategory::Form_Load()
+{
+    program.shared.DialogDone = false; // Cancel, Esc and the frame leave it so
+}
+
+int frmSelectCategory::choice() const
+{
+    const auto all = options();
+    return int(std::ranges::find_if(all, &QRadioButton::isChecked) - all.begin());
+}
+
+void frmSelectCategory::choose(int category) { options()[std::size_t(category)]->setChecked(true); }
