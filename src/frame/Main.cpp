@@ -1,1 +1,68 @@
-int main() { return 0; }
+#include "frame/Program.h"
+#include "frame/Text.h"
+#include "platform/Files.h"
+#include "platform/SingleInstance.h"
+#include "platform/XdgDesktop.h"
+#include "store/DatabaseSet.h"
+#include "store/StartUp.h"
+#include "ui/QtDialogs.h"
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+#include <cstdlib>
+#include <optional>
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"vinora"_s);
+    QApplication::setApplicationVersion(QStringLiteral(VINORA_VERSION));
+    QApplication::setDesktopFileName(u"vinora"_s);
+    QApplication::setQuitOnLastWindowClosed(false); // the main window ends the process
+    QLocale::setDefault(RussianLocale());
+    QTranslator buttons;
+    if (buttons.load(u"qtbase_ru"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&buttons);
+    Theme::apply(application);
+
+    const SystemClock clock;
+    DBEngine engine(clock);
+    QString lastFolder;
+    QtDialogs dialogs({.commitBeforeModal = [&] { engine.Commit(); },
+                       .lastFolder = [&] { return lastFolder; },
+                       .keepLastFolder = [&](const QString& folder) { lastFolder = folder; }});
+
+    const QString folder = ApplicationFolder(QApplication::applicationDirPath());
+    std::optional<SingleInstance> instance(std::in_place, folder);
+    if (!instance->acquired()) {
+        dialogs.MsgBox(u"Программа уже запущена!"_s);
+        return EXIT_SUCCESS;
+    }
+
+    const std::unique_ptr<Drives> drives = CreateSystemDrives();
+    XdgDesktop desktop;
+    Program program{.applicationFolder = folder,
+                    .version = QApplication::applicationVersion(),
+                    .clock = clock,
+                    .engine = engine,
+                    .drives = *drives,
+                    .dialogs = dialogs,
+                    .desktop = desktop,
+                    .endProcess = [&](int code) {
+                        try {
+                            engine.Commit();
+                        } catch (const RuntimeError& error) {
+                            std::fprintf(stderr, "vinora: %s\n", error.what());
+                            code = EXIT_FAILURE;
+                        }
+                        instance.reset();
+                        std::fflush(nullptr);
+                        std::_Exit(code);
+                    }};
+
+    SetFilePaths(program);
+    PrepareDatabases(program);
+    return QApplication::exec();
+}
