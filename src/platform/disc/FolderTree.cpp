@@ -1,0 +1,111 @@
+#include "platform/disc/FolderTree.h"
+
+#include "platform/Literals.h"
+
+#include <algorithm>
+
+static constexpr qint64 maximumFolder = 64 * 1024 * 1024;
+static constexpr int maximumDepth = 256;
+
+/// A name that can stand in a path of the catalogue.
+static QString Portable(QString name)
+{
+    const auto hurts = [](QChar c) { return c == u'\\' || c == u'/' || c.unicode() < 0x20; };
+    if (std::ranges::any_of(name, hurts)) std::ranges::replace_if(name, hurts, u'_');
+    return name.isEmpty() ? u"_"_s : name;
+}
+
+static bool CaselessBefore(const QString& a, const QString& b)
+{
+    return QString::compare(a, b, Qt::CaseInsensitive) < 0;
+}
+
+FolderTree::FolderTree(quint64 root, qint64 mediumSize)
+    : m_unpaid(mediumSize), m_folders{{root}}, m_owners{{root, {0, QString()}}}
+{}
+
+QList<DiscEntry> FolderTree::list(const QString& folder)
+{
+    const std::vector<Node>& found = nodes(find(folder));
+    QList<DiscEntry> entries;
+    entries.reserve(static_cast<qsizetype>(found.size()));
+    for (const Node& node : found) entries.append(node.entry);
+    return entries;
+}
+
+QByteArray FolderTree::read(const QString& folder, const QString& name, qint64 offset, qint64 length)
+{
+    const std::vector<Node>& found = nodes(find(folder));
+    const Node* file = nullptr;
+    const auto nameOf = [](const Node& node) -> const QString& { return node.entry.name; };
+    for (const Node& node : std::ranges::equal_range(found, name, CaselessBefore, nameOf))
+        if (!node.entry.folder && (!file || node.entry.name == name)) file = &node;
+    if (!file) throw RuntimeError(53, u"Файл %1%2 на диске не найден."_s.arg(folder, name));
+    return content(file->place, std::max<qint64>(offset, 0), std::max<qint64>(length, 0));
+}
+
+size_t FolderTree::find(const QString& path)
+{
+    size_t number = 0;
+    int depth = 0;
+    for (QStringView name : QStringView(path).tokenize(u'\\', Qt::SkipEmptyParts)) {
+        if (++depth > maximumDepth) throw DiscError(u"Диск поврежден: папки на нем вложены слишком глубоко."_s);
+        number = child(number, name.toString());
+        if (!number) throw RuntimeError(76, u"Папка %1 на диске не найдена."_s.arg(path));
+    }
+    return number;
+}
+
+/// Number of the subfolder; 0, the root's own, when there is none.
+size_t FolderTree::child(size_t parent, const QString& name)
+{
+    if (!m_folders[parent].listed) nodes(parent);
+    if (const auto exact = m_byName.constFind({parent, name}); exact != m_byName.cend()) return *exact;
+    return m_byFoldedName.value({parent, name.toCaseFolded()}, 0);
+}
+
+const std::vector<FolderTree::Node>& FolderTree::nodes(size_t number)
+{
+    if (m_lastListed == number && m_folders[number].listed) return m_lastNodes;
+
+    pay(m_folders[number]);
+    std::vector<Node> found = folder(m_folders[number].place);
+    std::erase_if(found, [](const Node& node) { return node.entry.name == u"."_s || node.entry.name == u".."_s; });
+    for (Node& node : found) node.entry.name = Portable(node.entry.name);
+    std::ranges::stable_sort(found, [](const Node& a, const Node& b) {
+        const int order = QString::compare(a.entry.name, b.entry.name, Qt::CaseInsensitive);
+        return order ? order < 0 : a.entry.name < b.entry.name;
+    });
+    std::erase_if(found, [&](const Node& node) { return node.entry.folder && !claim(number, node); });
+
+    m_folders[number].listed = true;
+    m_lastListed = number;
+    m_lastNodes = std::move(found);
+    return m_lastNodes;
+}
+
+void FolderTree::pay(Folder& folder)
+{
+    if (folder.paid) return;
+    const qint64 size = folderSize(folder.place);
+    if (size > maximumFolder || size > m_unpaid)
+        throw DiscError(u"Диск поврежден: папка на нем больше, чем может быть."_s);
+    m_unpaid -= size;
+    folder.paid = true;
+}
+
+/// Whether `node` stands where its folder was met first.
+bool FolderTree::claim(size_t parent, const Node& node)
+{
+    const Key key{parent, node.entry.name};
+    if (const auto owner = m_owners.constFind(node.place); owner != m_owners.cend()) return *owner == key;
+
+    m_owners.insert(node.place, key);
+    if (!m_byName.contains(key)) {
+        m_byName.insert(key, m_folders.size());
+        const Key folded{parent, node.entry.name.toCaseFolded()};
+        if (!m_byFoldedName.contains(folded)) m_byFoldedName.insert(folded, m_folders.size());
+        m_folders.push_back({node.place});
+    }
+    return true;
+}
