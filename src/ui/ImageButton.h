@@ -2,7 +2,10 @@
 
 #include <QPushButton>
 
+class QShortcut;
+
 /// A button with a picture of the icon set and, mostly, a word. Disabled, its picture is grey.
+/// Enter presses the button that has the focus; it takes Enter from other controls only when it is the default button.
 class ImageButton : public QPushButton {
 public:
     explicit ImageButton(QWidget* parent = nullptr);
@@ -11,6 +14,9 @@ public:
     /// accessible name. `shortcut` is named in the tooltip.
     void setup(const QString& icon, const QString& text, const QString& hint, const QKeySequence& shortcut = {});
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
-    QString m_icon;
+    QShortcut* m_shortcut = nullptr;
 };

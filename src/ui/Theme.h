@@ -12,6 +12,10 @@ namespace Theme {
 /// Gives the application its style and palette. `scheme` "light", "dark", or empty for the desktop's own.
 void apply(QApplication& application, const QString& scheme = {});
 bool dark(const QPalette& palette);
+/// The program's own colours, for a desktop that has none and for pictures: "light" or "dark".
+QPalette palette(const QString& scheme);
+/// `share` of `other` in `colour`, 0 to 1.
+QColor mix(const QColor& colour, const QColor& other, qreal share);
 
 /// Catalogues are told apart by one accent each: 0 blue, 1 green, 2 orange.
 QColor accent(int index, const QPalette& palette);
@@ -21,6 +25,7 @@ QColor subdued(const QPalette& palette); ///< captions
 QColor danger(const QPalette& palette);  ///< overdue, removal
 QColor hairline(const QPalette& palette);
 QColor card(const QPalette& palette);
+QColor selection(const QPalette& palette); ///< behind the current row, item or menu entry; its text keeps its colour
 
 QFont title(const QFont& base);   ///< 1.75 times
 QFont number(const QFont& base);  ///< 2.5 times, light

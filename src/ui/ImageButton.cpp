@@ -1,0 +1,34 @@
+#include "ui/ImageButton.h"
+
+#include "platform/Literals.h"
+#include "ui/Icons.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+
+ImageButton::ImageButton(QWidget* parent) : QPushButton(parent) { setAutoDefault(false); }
+
+void ImageButton::setup(const QString& iconName, const QString& text, const QString& hint, const QKeySequence& shortcut)
+{
+    setIcon(::icon(iconName));
+    setText(text);
+    setAccessibleName(text.isEmpty() ? hint : QString());
+
+    // A shortcut of its own, because the button's would displace the mnemonic.
+    delete m_shortcut;
+    m_shortcut = nullptr;
+    QString tip = hint;
+    if (!shortcut.isEmpty()) {
+        m_shortcut = new QShortcut(shortcut, this, [this] { click(); });
+        m_shortcut->setAutoRepeat(false);
+        const QString keys = shortcut.toString(QKeySequence::NativeText);
+        tip = hint.isEmpty() ? keys : u"%1 (%2)"_s.arg(hint, keys);
+    }
+    setToolTip(tip);
+}
+
+void ImageButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+    QPushButton::keyPressEvent(event);
+}
