@@ -1,0 +1,175 @@
+#include "mainwindow/CatalogueCard.h"
+
+#include "frame/Text.h"
+#include "ui/Icons.h"
+#include "ui/ImageButton.h"
+#include "ui/Layout.h"
+#include "ui/Theme.h"
+
+#include <QAction>
+
+namespace {
+/// Endings of a card's controls: the counters', the disc sign's and the logo's.
+struct Endings {
+    QString counter, sign, logo;
+};
+
+Endings endings(const CatalogueKind& kind)
+{
+    if (kind.code == u"AD") return {u"Audio"_s, u"AD"_s, u"AD"_s};
+    if (kind.code == u"PC") return {u"PC"_s, u"PC"_s, u"PCCD"_s};
+    return {u"DVD"_s, u"DVD"_s, u"DVD"_s};
+}
+
+template<class W> W* make(const QString& name)
+{
+    auto* widget = new W;
+    widget->setObjectName(name);
+    return widget;
+}
+
+/// A button of the card that gives an action's command without its icon colours and mnemonics.
+ImageButton* commandButton(QAction* action, const QString& iconName, const QString& text)
+{
+    auto* button = new ImageButton;
+    button->setObjectName(u"cmd_"_s + action->objectName());
+    button->setup(iconName, text, action->toolTip());
+    button->setEnabled(action->isEnabled());
+    QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
+    QObject::connect(action, &QAction::changed, button, [=] { button->setEnabled(action->isEnabled()); });
+    return button;
+}
+
+void soften(QLabel* label)
+{
+    label->setFont(Theme::caption(label->font()));
+    label->setForegroundRole(QPalette::PlaceholderText);
+}
+}
+
+QString DiscWord(int discs)
+{
+    const int tens = discs % 100, ones = discs % 10;
+    if (tens >= 11 && tens <= 14) return u" дисков"_s;
+    if (ones == 1) return u" диск"_s;
+    return ones >= 2 && ones <= 4 ? u" диска"_s : u" дисков"_s;
+}
+
+CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* add)
+    : m_kind(kind), imgLogo(make<QToolButton>(u"imgLogo"_s + endings(kind).logo)),
+      lblCDs(make<QLabel>(u"lblCDs"_s + endings(kind).counter)), lblDiscs(new QLabel),
+      lblUpdate(make<QLabel>(u"lblCDs%1Update"_s.arg(endings(kind).counter))),
+      lblDue(make<QLabel>(u"lblCDdue"_s + endings(kind).counter)),
+      fraFindDue(make<QFrame>(u"fraFindDue"_s + endings(kind).counter)),
+      imgFindDue(make<IconLabel>(u"imgFindDue"_s + endings(kind).counter)),
+      lblFindDue(make<QLabel>(u"lblFindDue"_s + endings(kind).counter)),
+      imgNew(make<IconLabel>(u"imgNew"_s + endings(kind).sign)),
+      lblNew(make<QLabel>(u"lblNew"_s + endings(kind).sign)),
+      imgShare(make<IconLabel>(u"imgShare"_s + endings(kind).sign)),
+      lblShare(make<QLabel>(u"lblShare"_s + endings(kind).sign)), m_dueSign({fraFindDue, imgFindDue, lblFindDue}, this),
+      m_discSign({imgNew, lblNew}, this)
+{
+    setAccent(kind.accent);
+    auto* open_ = commandButton(open, kind.icon, u"Открыть"_s);
+    auto* add_ = commandButton(add, u"add-disc"_s, u"Добавить"_s);
+    auto* buttons = row(open_, add_);
+    buttons->setStretch(0, 1);
+    buttons->setStretch(1, 1);
+    auto* layout = column(header(), counts(), sign(), stretch, buttons);
+    layout->setContentsMargins(Theme::Inside, Theme::Inside, Theme::Inside, Theme::Inside);
+    layout->setSpacing(Theme::Between * 3 / 4);
+    setLayout(layout);
+    m_dueSign.setOn(false);
+    showSign({});
+}
+
+QLayout* CatalogueCard::header()
+{
+    const QColor colour = Theme::accent(m_kind.accent, palette());
+    imgLogo->setIcon(icon(m_kind.icon, colour));
+    const int edge = fontMetrics().height() * 3 / 2;
+    imgLogo->setIconSize({edge, edge});
+    imgLogo->setFixedSize(edge * 2, edge * 2);
+    imgLogo->setProperty("tile", m_kind.accent);
+    imgLogo->setToolTip(u"Команды каталога"_s);
+    imgLogo->setAccessibleName(m_kind.title + u": команды"_s);
+    connect(imgLogo, &QToolButton::pressed, this, [this] {
+        imgLogo->setDown(false);
+        emit menuWanted(imgLogo->mapToGlobal(QPoint(0, imgLogo->height())));
+    });
+
+    auto* title = label(m_kind.title);
+    title->setFont(Theme::heading(title->font()));
+    title->setWordWrap(true);
+    lblUpdate->setText(u"-"_s);
+    auto* changed = label(u"Обновлён:"_s);
+    soften(changed);
+    soften(lblUpdate);
+    auto* texts = column(title, row(changed, lblUpdate, stretch));
+    texts->setSpacing(2);
+    auto* line = row(imgLogo, texts);
+    line->setStretch(1, 1);
+    line->setSpacing(Theme::Between);
+    return line;
+}
+
+QLayout* CatalogueCard::counts()
+{
+    lblCDs->setFont(Theme::number(lblCDs->font()));
+    lblCDs->setText(u"0"_s);
+    soften(lblDiscs);
+    auto* lent = label(u"Выдано:"_s);
+    soften(lent);
+
+    imgFindDue->setIcon(u"loan-warning"_s, Theme::danger(palette()));
+    imgFindDue->setScale(1.1);
+    lblFindDue->setText(u"0"_s);
+    auto* overdue = label(u"просрочено"_s);
+    for (QLabel* text : {lblFindDue, overdue}) {
+        QPalette red = text->palette();
+        red.setColor(QPalette::WindowText, Theme::danger(palette()));
+        text->setPalette(red);
+        text->setFont(Theme::caption(text->font()));
+    }
+    auto* inside = row(imgFindDue, lblFindDue, overdue);
+    inside->setContentsMargins(0, 0, 0, 0);
+    inside->setSpacing(4);
+    fraFindDue->setLayout(inside);
+    fraFindDue->setProperty("Tag", u"MyGroup"_s);
+
+    auto* number = row(lblCDs, lblDiscs, stretch);
+    number->setSpacing(Theme::Gap);
+    auto* loans = row(lent, lblDue, stretch, fraFindDue);
+    loans->setSpacing(4);
+    auto* both = column(number, loans);
+    both->setSpacing(0);
+    return both;
+}
+
+QLayout* CatalogueCard::sign()
+{
+    imgNew->setScale(1.6);
+    imgShare->setIcon(u"bind"_s);
+    imgShare->setScale(1);
+    lblNew->setWordWrap(true);
+    lblNew->setMinimumHeight(fontMetrics().lineSpacing() * 3);
+    lblNew->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    auto* text = row(imgNew, lblNew);
+    text->setAlignment(imgNew, Qt::AlignTop);
+    text->setStretch(1, 1);
+    return column(text, row(imgShare, lblShare, stretch));
+}
+
+void CatalogueCard::show(const CatalogueSummary& summary)
+{
+    lblCDs->setText(QString::number(summary.discs));
+    lblDiscs->setText(DiscWord(summary.discs).trimmed());
+    lblUpdate->setText(summary.lastUpdate.isValid() ? FormatDate(summary.lastUpdate, u"d MMMM yyyy г."_s) : u"-"_s);
+    lblDue->setText(QString::number(summary.lent));
+}
+
+void CatalogueCard::showOverdue(int loans)
+{
+    lblFindDue->setText(QString::number(loans));
+    m_dueSign.setOn(loans > 0);
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "recognition/DriveWatch.h"
+#include "store/CatalogueKind.h"
+#include "store/Summary.h"
+#include "ui/Blinker.h"
+#include "ui/Card.h"
+#include "ui/IconLabel.h"
+
+#include <QLabel>
+#include <QToolButton>
+
+class QAction;
+class QMenu;
+
+/// One catalogue on the dashboard: how many discs, when it last changed, how many are lent and overdue, and whether the
+/// disc in the drive is one of its own. Its controls carry the catalogue's ending: lblCDsPC, imgNewPC.
+class CatalogueCard : public Card {
+    Q_OBJECT
+public:
+    CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* add);
+
+    const CatalogueKind& kind() const { return m_kind; }
+    void show(const CatalogueSummary& summary);
+    /// Off with 0. The sign blinks with the interval of `setDueInterval`.
+    void showOverdue(int loans);
+    void setDueInterval(int milliseconds) { m_dueSign.setInterval(milliseconds); }
+    void showSign(const DriveSign& sign);
+    void setDiscInterval(int milliseconds) { m_discSign.setInterval(milliseconds); }
+    void setBlinking(bool on);
+
+signals:
+    /// A press on the logo: its menu is wanted at this place on the screen.
+    void menuWanted(const QPoint& at);
+
+private:
+    QLayout* header();
+    QLayout* counts();
+    QLayout* sign();
+
+    const CatalogueKind& m_kind;
+    QToolButton* imgLogo;
+    QLabel* lblCDs;
+    QLabel* lblDiscs;
+    QLabel* lblUpdate;
+    QLabel* lblDue;
+    QFrame* fraFindDue;
+    IconLabel* imgFindDue;
+    QLabel* lblFindDue;
+    IconLabel* imgNew;
+    QLabel* lblNew;
+    IconLabel* imgShare;
+    QLabel* lblShare;
+    Blinker m_dueSign;
+    Blinker m_discSign;
+};
+
+/// " диск", " диска" or " дисков" behind a number.
+QString DiscWord(int discs);

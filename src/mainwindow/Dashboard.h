@@ -1,0 +1,37 @@
+#pragma once
+
+#include "mainwindow/CatalogueCard.h"
+#include "mainwindow/Commands.h"
+#include "mainwindow/DriveCard.h"
+
+#include <QGridLayout>
+#include <QScrollArea>
+
+/// The centre of the main window: a card per catalogue, as many beside each other as fit, and the drive's card below.
+class Dashboard : public QScrollArea {
+    Q_OBJECT
+public:
+    explicit Dashboard(const Commands& commands);
+
+    const std::array<CatalogueCard*, 3>& cards() const { return m_cards; }
+    DriveCard& drive() { return *m_drive; }
+    void showTotal(int discs, int loans);
+    void showPanelLink(bool panelShown);
+
+signals:
+    void panelToggled();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QLayout* header();
+    void arrange(int columns);
+
+    std::array<CatalogueCard*, 3> m_cards;
+    DriveCard* m_drive;
+    QGridLayout* m_grid;
+    QLabel* lblTotal;
+    QToolButton* imgShowHideoListbar;
+    int m_columns = 0;
+};

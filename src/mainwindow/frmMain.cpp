@@ -1,0 +1,193 @@
+#include "mainwindow/frmMain.h"
+
+#include "frame/Text.h"
+#include "mainwindow/QueryShortcuts.h"
+#include "mainwindow/ToolbarLayout.h"
+#include "mainwindow/WindowPlace.h"
+#include "mainwindow/frmCompactDB.h"
+#include "mainwindow/frmSplashMain.h"
+#include "store/Compaction.h"
+#include "ui/Icons.h"
+#include "ui/Layout.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+// No window is smaller than 9100 by 6900 twips.
+constexpr QSize smallest(9100 / TwipsPerPixel + 1, 6900 / TwipsPerPixel);
+constexpr QSize designed(1040, 680);
+constexpr int clockPeriod = 5000;
+constexpr int watchPeriod = 1000;
+
+QString layoutPath(const Program& program) { return program.applicationFolder + u"/vinora.atb"_s; }
+}
+
+frmMain::frmMain(Program& program)
+    : program(program), m_commands(this), ID_DB_DefaultCDDVDROM(new QComboBox), SSListBar(new ListBar),
+      m_dashboard(new Dashboard(m_commands)), StatusBar(new StatusPanels), m_watch(program),
+      tmrCheckCD(new Timer(this)), tmrTime(new Timer(this))
+{
+    program.screens = this;
+    setObjectName(u"frmMain"_s);
+    setWindowIcon(icon(u"app"_s));
+    setAcceptDrops(true);
+    setMinimumSize(smallest);
+    resize(designed);
+
+    m_commands.fill(*menuBar());
+    buildToolbars();
+    SSListBar->setObjectName(u"SSListBar"_s);
+    auto* centre = row(SSListBar, m_dashboard);
+    centre->setContentsMargins(0, 0, 0, 0);
+    centre->setSpacing(0);
+    centre->setStretch(1, 1);
+    setCentralWidget(panel(centre));
+    setStatusBar(StatusBar);
+    m_designedToolbars = saveState();
+
+    tmrCheckCD->setObjectName(u"tmrCheckCD"_s);
+    tmrCheckCD->setInterval(watchPeriod);
+    tmrTime->setObjectName(u"tmrTime"_s);
+    tmrTime->setInterval(clockPeriod);
+    connectAll();
+}
+
+frmMain::~frmMain()
+{
+    if (program.screens == this) program.screens = nullptr;
+}
+
+void frmMain::buildToolbars()
+{
+    for (const ToolbarDef& def : AllToolbars()) {
+        auto* bar = new QToolBar(def.name);
+        bar->setObjectName(def.name);
+        addToolBar(bar);
+        for (const QString& id : def.entries) {
+            if (id == ID_DB_DefaultCDDVDROM->objectName() || id == u"ID_DB_DefaultCDDVDROM") {
+                bar->addWidget(ID_DB_DefaultCDDVDROM);
+                continue;
+            }
+            QAction* action = m_commands.action(id);
+            bar->addAction(action);
+            auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
+            const bool worded = action->iconText() == action->text().remove(u'&') && id != u"ID_Quit" &&
+                                (id == u"ID_AddCD" || id.startsWith(u"ID_Drive_"));
+            button->setToolButtonStyle(worded ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+        }
+        if (def.toggle.isEmpty()) continue;
+        QAction* toggle = m_commands.action(def.toggle);
+        connect(toggle, &QAction::toggled, bar, &QToolBar::setVisible);
+        connect(bar, &QToolBar::visibilityChanged, toggle, [bar, toggle] { toggle->setChecked(!bar->isHidden()); });
+        toggle->setChecked(true);
+    }
+    ID_DB_DefaultCDDVDROM->setObjectName(u"ID_DB_DefaultCDDVDROM"_s);
+    ID_DB_DefaultCDDVDROM->setToolTip(u"CD/DVD-ROM по умолчанию"_s);
+    ID_DB_DefaultCDDVDROM->setAccessibleName(u"CD/DVD-ROM по умолчанию"_s);
+    ID_DB_DefaultCDDVDROM->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+
+    auto* add = qobject_cast<QToolButton*>(
+        findChild<QToolBar*>(u"Каталоги"_s)->widgetForAction(m_commands.action(u"ID_AddCD")));
+    add->setMenu(m_commands.menu(u"ID_Catalog_AddCD"));
+    m_commands.action(u"ID_Panel")->setChecked(true);
+}
+
+void frmMain::connectAll()
+{
+    for (QAction* action : m_commands.actions())
+        connect(action, &QAction::triggered, this, [this, action] { Route(action->objectName()); });
+    connect(SSListBar, &ListBar::itemClicked, this, &frmMain::listBarClicked);
+    connect(tmrCheckCD, &Timer::tick, this, &frmMain::tmrCheckCD_Timer);
+    connect(tmrTime, &Timer::tick, this, &frmMain::tmrTime_Timer);
+    connect(ID_DB_DefaultCDDVDROM, &QComboBox::currentTextChanged, this, &frmMain::defaultDriveChanged);
+    connect(m_dashboard, &Dashboard::panelToggled, this, [this] { m_commands.action(u"ID_Panel")->trigger(); });
+    const std::array menus{u"ID_QuickAD"_s, u"ID_QuickPC"_s, u"ID_QuickDVD"_s};
+    for (size_t i = 0; i < menus.size(); ++i) {
+        connect(m_dashboard->cards()[i], &CatalogueCard::menuWanted, this, [this, id = menus[i]](const QPoint& at) {
+            program.dialogs.Popup(*m_commands.menu(id), at);
+        });
+    }
+}
+
+void frmMain::Load()
+{
+    Guarded("frmMain, Form_Load()"_L1, [&] {
+        LoadWinPos(*this, program.settings());
+        LoadToolbars();
+        StatusBar->setMode(u"База данных - локальная"_s);
+        StatusBar->setClock(FormatDate(program.clock.today(), u"d MMMM (dddd)"_s));
+        initUser();
+        AddListbars();
+        RestoreImage(program);
+        LoadData();
+        loadShortcuts();
+        LoadDefaultCD();
+        enableCommands();
+        tmrTime->setEnabled(true);
+    });
+}
+
+void frmMain::initUser() { setWindowTitle(ProgramTitle(program.version)); }
+
+void frmMain::LoadToolbars()
+{
+    const auto layout = LoadToolbarLayout(layoutPath(program));
+    if (layout) {
+        if (!restoreState(layout->toolbars)) restoreState(m_designedToolbars);
+        SSListBar->setFoldedGroups(layout->foldedGroups);
+        m_commands.action(u"ID_Panel")->setChecked(layout->panel);
+    }
+    showPanel(m_commands.action(u"ID_Panel")->isChecked());
+}
+
+void frmMain::SaveToolbars()
+{
+    SaveToolbarLayout(layoutPath(program), {.toolbars = saveState(),
+                                            .panel = m_commands.action(u"ID_Panel")->isChecked(),
+                                            .foldedGroups = SSListBar->foldedGroups()});
+}
+
+void frmMain::showPanel(bool shown)
+{
+    SSListBar->setVisible(shown);
+    m_dashboard->showPanelLink(shown);
+}
+
+bool frmMain::Form_Unload()
+{
+    const Profile settings = program.settings();
+    const QString confirm = settings.read(u"Option", u"ConfirmExit", 5).trimmed();
+    if (confirm.isEmpty() || confirm.startsWith(u'1'))
+        if (!program.dialogs.Ask(u"Вы действительно хотите выйти из программы?"_s)) return false;
+
+    tmrCheckCD->setEnabled(false);
+    SaveToolbars();
+    SaveWinPos(*this, settings);
+    CompactDB();
+    return true;
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    // A session that ends may close the window under an open form, whose routine then still has to return.
+    if (program.dialogs.modalIsOpen()) return;
+    Guarded("frmMain, Form_Unload()"_L1, [&] {
+        if (!Form_Unload()) return;
+        program.engine.ReleaseAll();
+        program.endProcess(0);
+    });
+}
+
+void frmMain::CompactDB()
+{
+    Guarded("frmMain, CompactDB()"_L1, [&] {
+        if (program.settings().number(u"Option", u"AutoCompactDatabase", 2) != 1) return;
+        frmCompactDB wait;
+        wait.showNow();
+        CompactDatabases(program);
+    });
+}

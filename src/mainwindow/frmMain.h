@@ -1,0 +1,92 @@
+#pragma once
+
+#include "frame/Fault.h"
+#include "mainwindow/Commands.h"
+#include "mainwindow/Dashboard.h"
+#include "mainwindow/StatusPanels.h"
+#include "recognition/DriveWatch.h"
+#include "ui/ListBar.h"
+#include "ui/Timer.h"
+
+#include <QComboBox>
+#include <QMainWindow>
+
+/// The main window: the dashboard in its middle, and the one place where every command of the program is routed to what
+/// it does. It opens the screens of all subsystems, also for one another.
+class frmMain : public QMainWindow, public Screens {
+    Q_OBJECT
+public:
+    explicit frmMain(Program& program);
+    ~frmMain() override;
+
+    /// Everything before the window is shown.
+    void Load();
+    /// The general refresh: dashboard, timers, start-up checks.
+    void LoadData();
+    /// Carries out a command by its identifier; one outside of the vocabulary does nothing.
+    void Route(const QString& id);
+
+    bool offers(QStringView screen) const override;
+    void ShowFileList(Form& opener, const ListRequest& request) override;
+    void ShowTrackList(Form& opener, const ListRequest& request) override;
+    void ShowAddInDue(Form& opener, const QString& category, qint64 key) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void Guarded(QLatin1StringView place, const std::function<void()>& routine) { ::Guarded(program, place, routine); }
+
+    // Window
+    void buildToolbars();
+    void buildTimers();
+    void connectAll();
+    void initUser();
+    void LoadToolbars();
+    void SaveToolbars();
+    void AddListbars();
+    void loadShortcuts();
+    void showPanel(bool shown);
+    bool Form_Unload();
+    void CompactDB();
+
+    // Dashboard
+    void ConfigureTimers();
+    void CheckDue();
+    void CheckCD();
+    void tmrCheckCD_Timer();
+    void tmrTime_Timer();
+    void paintSigns();
+    void ResetDiscSigns();
+
+    // Drive
+    void LoadDefaultCD();
+    void defaultDriveChanged();
+    void insertImage(const QString& path);
+    void cmdInsert();
+    void cmdEject();
+    void showDrive();
+
+    // Commands
+    void openCatalogue(const CatalogueKind& kind, int number = 0);
+    void addDisc(const CatalogueKind& kind);
+    void repeatLastAdd();
+    void changeCategory();
+    void listBarClicked(const QString& group, const QString& text);
+    void enableCommands();
+
+    Program& program;
+    Commands m_commands;
+    QComboBox* ID_DB_DefaultCDDVDROM;
+    ListBar* SSListBar;
+    Dashboard* m_dashboard;
+    StatusPanels* StatusBar;
+    DriveWatch m_watch;
+    Timer* tmrCheckCD;
+    Timer* tmrTime;
+    QByteArray m_designedToolbars;
+    bool m_showTime = false;
+    bool m_fillingDrives = false;
+};

@@ -1,0 +1,227 @@
+// What each command of the main window does.
+#include "mainwindow/frmMain.h"
+
+#include "catalogue/frmAddCD.h"
+#include "catalogue/frmCataloguePCCD.h"
+#include "contents/frmFileList.h"
+#include "mainwindow/QueryShortcuts.h"
+#include "recognition/DiscIdentity.h"
+#include "recognition/DiscImages.h"
+#include "ui/Icons.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+/// The screens that this program has. What leads to others is disabled.
+const QStringList builtScreens{u"frmCataloguePCCD"_s, u"frmAddInCataloguePC"_s, u"frmAddCD"_s, u"frmFileList"_s,
+                               u"frmSelectCategory"_s};
+
+struct ListBarItem {
+    QString text, key, icon, command;
+};
+struct ListBarGroup {
+    QString key, caption;
+    QList<ListBarItem> items;
+};
+
+const QList<ListBarGroup>& listBarGroups()
+{
+    static const QList<ListBarGroup> groups{
+        {u"g1"_s,
+         u"Каталоги"_s,
+         {{u"Аудио диски"_s, u"cat1"_s, u"disc-audio"_s, u"ID_Catalog_AudioCD"_s},
+          {u"Компьютерные диски"_s, u"cat2"_s, u"disc-data"_s, u"ID_Catalog_PCCD"_s},
+          {u"DVD диски"_s, u"cat3"_s, u"disc-dvd"_s, u"ID_Catalog_DVD"_s}}},
+        {u"g2"_s,
+         u"Должники"_s,
+         {{u"Список должников"_s, u"due1"_s, u"people"_s, u"ID_Due_List"_s},
+          {u"История дисков"_s, u"due2"_s, u"history"_s, u"ID_Due_DiskHistory"_s},
+          {u"Статистика"_s, u"due3"_s, u"statistics"_s, u"ID_Due_Stat"_s},
+          {u"Управление должниками"_s, u"due4"_s, u"loan"_s, u"ID_Due_Admin"_s}}},
+        {u"g3"_s,
+         u"База данных"_s,
+         {{u"Мастер обслуживания"_s, u"db1"_s, u"wizard"_s, u"ID_DB_Wizard"_s},
+          {u"Поиск"_s, u"db2"_s, u"search"_s, u"ID_DB_Search"_s}}},
+        {u"g4"_s, u"Запрос"_s, {}},
+    };
+    return groups;
+}
+
+/// Which add command LastAction 1, 2, 3 repeats.
+const std::array<QString, 3> addCommands{u"ID_Catalog_AddAudioCD"_s, u"ID_Catalog_AddPCCD"_s,
+                                         u"ID_Catalog_AddDVD"_s};
+}
+
+bool frmMain::offers(QStringView screen) const { return builtScreens.contains(screen); }
+
+void frmMain::enableCommands()
+{
+    for (const Command& command : AllCommands())
+        if (!command.screen.isEmpty()) m_commands.action(command.id)->setEnabled(offers(command.screen));
+    for (const ListBarGroup& group : listBarGroups())
+        for (const ListBarItem& item : group.items)
+            SSListBar->setItemEnabled(group.key, item.text, m_commands.action(item.command)->isEnabled());
+    for (const MenuDef& def : AllMenus()) {
+        const bool any = std::ranges::any_of(def.entries, [&](const QString& entry) {
+            const QAction* action = m_commands.action(entry);
+            return m_commands.menu(entry) || (action && action->isEnabled());
+        });
+        if (!def.inMenuBar) m_commands.menu(def.id)->menuAction()->setEnabled(any);
+    }
+
+    // The button repeats the last add; where that one is not there, a click offers those that are.
+    const int last = qBound(1, int(program.settings().number(u"Toolbars", u"LastAction", 5)), 3);
+    auto* button = qobject_cast<QToolButton*>(
+        findChild<QToolBar*>(u"Каталоги"_s)->widgetForAction(m_commands.action(u"ID_AddCD")));
+    const bool repeats = m_commands.action(addCommands[size_t(last - 1)])->isEnabled();
+    button->setPopupMode(repeats ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
+}
+
+void frmMain::AddListbars()
+{
+    if (SSListBar->groupCount() >= 2) return;
+    for (const ListBarGroup& group : listBarGroups()) {
+        if (!SSListBar->hasGroup(group.key)) SSListBar->addGroup(group.key, group.caption);
+        for (const ListBarItem& item : group.items)
+            SSListBar->addItem(group.key, item.key, item.text, icon(item.icon));
+    }
+}
+
+void frmMain::loadShortcuts()
+{
+    SSListBar->clearGroup(u"g4"_s);
+    for (const QString& name : QueryShortcutNames(program.queries())) {
+        SSListBar->addItem(u"g4"_s, u"query1"_s, name, icon(u"query"_s));
+        SSListBar->setItemEnabled(u"g4"_s, name, offers(u"frmCreateQuery"));
+    }
+}
+
+void frmMain::listBarClicked(const QString& group, const QString& text)
+{
+    for (const ListBarGroup& each : listBarGroups())
+        for (const ListBarItem& item : each.items)
+            if (each.key == group && item.text == text) Route(item.command);
+}
+
+void frmMain::Route(const QString& id)
+{
+    using Handler = std::function<void(frmMain&)>;
+    static const QHash<QString, Handler> table{
+        {u"ID_Catalog_PCCD"_s, [](frmMain& m) { m.openCatalogue(Computer()); }},
+        {u"ID_QuickPCCatalog"_s, [](frmMain& m) { m.openCatalogue(Computer()); }},
+        {u"ID_Catalog_AddPCCD"_s, [](frmMain& m) { m.addDisc(Computer()); }},
+        {u"ID_QuickPCNewCD"_s, [](frmMain& m) { m.addDisc(Computer()); }},
+        {u"ID_AddCD"_s, [](frmMain& m) { m.repeatLastAdd(); }},
+        {u"ID_Catalog_ChangeCategory"_s, [](frmMain& m) { m.changeCategory(); }},
+        {u"ID_Quit"_s, [](frmMain& m) { m.close(); }},
+        {u"ID_Panel"_s, [](frmMain& m) { m.showPanel(m.m_commands.action(u"ID_Panel")->isChecked()); }},
+        {u"ID_Drive_Insert"_s, [](frmMain& m) { m.cmdInsert(); }},
+        {u"ID_Drive_Eject"_s, [](frmMain& m) { m.cmdEject(); }},
+    };
+    if (const auto handler = table.find(id); handler != table.end()) (*handler)(*this);
+}
+
+void frmMain::openCatalogue(const CatalogueKind& kind, int number)
+{
+    Guarded("frmMain, OpenCatalogue()"_L1, [&] {
+        if (!offers(kind.browser)) return;
+        ResetDiscSigns();
+        {
+            const Hourglass hourglass;
+            frmCataloguePCCD browser(program);
+            if (number) browser.PositionOn(number);
+            browser.ShowModal();
+        }
+        if (!program.shared.ExternalDBOpen) LoadData();
+    });
+}
+
+void frmMain::addDisc(const CatalogueKind& kind)
+{
+    Guarded("frmMain, AddDisc()"_L1, [&] {
+        if (AddDisc(program, kind)) {
+            openCatalogue(kind, program.shared.LastSavedNumber);
+        }
+        const size_t index = size_t(std::ranges::find(AllCatalogues(), &kind) - AllCatalogues().begin());
+        program.settings().write(u"Toolbars", u"LastAction", QString::number(index + 1));
+        enableCommands();
+    });
+}
+
+void frmMain::repeatLastAdd()
+{
+    const Profile settings = program.settings();
+    if (!settings.has(u"Toolbars", u"LastAction")) return addDisc(Audio());
+    const double last = settings.number(u"Toolbars", u"LastAction", 5);
+    for (size_t i = 0; i < addCommands.size(); ++i)
+        if (last == double(i + 1)) Route(addCommands[i]);
+}
+
+void frmMain::changeCategory()
+{
+    Guarded("frmMain, ID_Catalog_ChangeCategory()"_L1, [&] {
+        tmrCheckCD->setEnabled(false);
+        if (!ChangeCategory(program, ID_DB_DefaultCDDVDROM->currentText())) return;
+        tmrCheckCD->setEnabled(true);
+        CheckCD();
+        showDrive();
+    });
+}
+
+void frmMain::insertImage(const QString& path)
+{
+    Guarded("frmMain, InsertImage()"_L1, [&] {
+        try {
+            const Hourglass hourglass;
+            InsertImage(program, path);
+        } catch (const RuntimeError& error) {
+            program.dialogs.MsgBox(u"Образ не вставлен."_s + u"\r\n\r\n"_s + error.description());
+            return;
+        }
+        LoadDefaultCD();
+        CheckCD();
+        if (tmrCheckCD->enabled()) tmrCheckCD_Timer();
+    });
+}
+
+void frmMain::cmdInsert()
+{
+    const QString path = program.dialogs.OpenFile(u"Вставить образ диска"_s, ImageFilter());
+    if (!path.isEmpty()) insertImage(path);
+}
+
+void frmMain::cmdEject()
+{
+    Guarded("frmMain, EjectImage()"_L1, [&] {
+        EjectImage(program);
+        CheckCD();
+        showDrive();
+    });
+}
+
+static QString droppedImage(const QMimeData* data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 && urls[0].isLocalFile() ? urls[0].toLocalFile() : QString();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (LooksLikeImage(droppedImage(event->mimeData()))) event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    insertImage(droppedImage(event->mimeData()));
+}
+
+void frmMain::ShowFileList(Form& opener, const ListRequest& request) { ::ShowFileList(program, opener, request); }
+
+void frmMain::ShowTrackList(Form&, const ListRequest&) {}
+
+void frmMain::ShowAddInDue(Form&, const QString&, qint64) {}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+
+/// A picture of the icon set that is not a button: a sign, a decoration. Scales with the font.
+class IconLabel : public QWidget {
+public:
+    explicit IconLabel(QWidget* parent = nullptr);
+
+    /// `accent` as in icon(). Without one the palette's own.
+    void setIcon(const QString& name, const QColor& accent = {});
+    const QString& iconName() const { return m_name; }
+    /// Edge length in heights of the font, 1.4 at first.
+    void setScale(double heights);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_name;
+    QColor m_accent;
+    double m_scale = 1.4;
+};
