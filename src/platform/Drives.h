@@ -33,6 +33,8 @@ public:
     bool isVirtual() const override { return true; }
     /// Puts an image in, in place of what was there. Throws FileError or DiscError and leaves the drive as it was.
     virtual void insert(const QString& imagePath) = 0;
+    /// Remembers an image of an earlier run, readable just now or not.
+    virtual void restore(const QString& imagePath) = 0;
     virtual void eject() = 0;
     /// Path of the image, empty when the drive is empty. It may name a file that has vanished since: the drive is then
     /// empty for everybody else and full again when the file is back.

@@ -167,6 +167,11 @@ public:
         medium = images[imagePath];
         m_path = imagePath;
     }
+    void restore(const QString& imagePath) override
+    {
+        medium = images.value(imagePath);
+        m_path = imagePath;
+    }
     void eject() override
     {
         medium.reset();
