@@ -47,6 +47,7 @@ const CatalogueKind& Audio()
                        {u"по дате изменения"_s, u"ДатаИзменения"_s}},
         .autoRespSlots = 6,
         .listScreen = u"frmTrackList"_s,
+        .listCommand = u"cmdTracks"_s,
         .editor = u"frmAddInCatalogueAudio"_s,
         .addCaption = u"Добавление Аудио диска"_s,
         .changeCaption = u"Изменение информации Аудио диска"_s,
@@ -54,7 +55,10 @@ const CatalogueKind& Audio()
             u"Введите название группы или исполнителя.\rДанное поле является обязательным для заполнения."_s,
         .reductionTail = u"! Если для удаляемых дисков был создан списко треков, то он будет удален. Продолжить?"_s,
         .clearsAutoDetectTag = false,
+        .extraFields = {u"Альбом"_s, u"Записей1"_s, u"Записей2"_s, u"Записей3"_s, u"Записей4"_s, u"Записей5"_s,
+                        u"Записей6"_s, u"Время1"_s, u"Время2"_s, u"Время3"_s, u"Время4"_s, u"Время5"_s, u"Время6"_s},
         .noIdentifierMessage = u"Идентификатор диска не обнаружен!"_s,
+        .searchEnd = 10000,
     };
     return kind;
 }
@@ -93,6 +97,7 @@ const CatalogueKind& Computer()
                        {u"по дате изменению"_s, u"ДатаИзменения"_s}},
         .autoRespSlots = 4,
         .listScreen = u"frmFileList"_s,
+        .listCommand = u"cmdFiles"_s,
         .editor = u"frmAddInCataloguePC"_s,
         .addCaption = u"Добавление Компьютерного диска"_s,
         .changeCaption = u"Изменение информации Компьютерного диска"_s,
@@ -100,6 +105,8 @@ const CatalogueKind& Computer()
         .reductionTail =
             u"! Если для удаляемых дисков была создана структура файлов, то она будет удалена. Продолжить?"_s,
         .clearsAutoDetectTag = true,
+        .extraFields = {u"РасОписание"_s},
+        .reductionFifthField = u"ДискID45"_s,
         .noIdentifierMessage = u"Идентификатор не обнаружен!"_s,
     };
     return kind;
@@ -140,12 +147,14 @@ const CatalogueKind& Dvd()
                        {u"по дате изменению"_s, u"ДатаИзменения"_s}},
         .autoRespSlots = 6,
         .listScreen = {},
+        .coverButton = 7,
         .editor = u"frmAddInCatalogueDVD"_s,
         .addCaption = u"Добавление DVD диска"_s,
         .changeCaption = u"Изменение информации DVD диска"_s,
         .requiredMessage = u"Введите название диска.\rДанное поле является обязательным для заполнения."_s,
         .reductionTail = {},
         .clearsAutoDetectTag = true,
+        .extraFields = {u"Описание"_s, u"Время"_s, u"Зона"_s, u"ФорматЗвука"_s},
         .noIdentifierMessage = u"Идентификатор не обнаружен!"_s,
     };
     return kind;

@@ -2,7 +2,7 @@
 
 #include "platform/Literals.h"
 
-#include <QList>
+#include <QStringList>
 #include <array>
 
 /// The names that discs of a catalogue refer to: styles, descriptions, genres.
@@ -49,6 +49,8 @@ struct CatalogueKind {
     QList<SortOrder> sortOrders;
     int autoRespSlots;  ///< how many bindings AutoResp looks at
     QString listScreen; ///< "frmTrackList", or empty
+    QString listCommand = {}; ///< "cmdTracks", or empty
+    int coverButton = 8;      ///< imgButton that changes the cover; the next one deletes it
 
     // Editor
     QString editor; ///< "frmAddInCatalogueAudio"
@@ -57,7 +59,15 @@ struct CatalogueKind {
     QString requiredMessage;
     QString reductionTail; ///< behind "Вы изменили общее число дисков c N на M"; empty: no reduction step
     bool clearsAutoDetectTag;
-    QString noIdentifierMessage; ///< of the add dialog
+    /// Fields of a row beside number, title, dictionary, year and count.
+    QStringList extraFields = {};
+    /// Where a reduction of the set looks up the list of disc 5. The computer catalogue asks for a field that no table
+    /// has, on purpose: taking away a fifth disc that has a list ends in the fault routine.
+    QString reductionFifthField = listField(5);
+
+    // Add dialog
+    QString noIdentifierMessage;
+    int searchEnd = 0; ///< a search for a free number gives up when a refusal brings it here; 0: never
 
     QString queryTitle() const { return title + u" - Результат запроса"_s; }
     /// SELECT of table and dictionary, ending in a blank; a filter and an ORDER BY follow.
@@ -66,6 +76,8 @@ struct CatalogueKind {
     static QString bindingField(int k) { return u"ДискID%1_d"_s.arg(k); }
     /// Name of the field that names the list of disc k: "ДискID1".
     static QString listField(int k) { return u"ДискID%1"_s.arg(k); }
+    /// The field that a reduction asks for the name of the list of disc k, 2 to 6.
+    QString reductionField(int k) const { return k == 5 ? reductionFifthField : listField(k); }
     /// "Название", and for audio " - " and the album unless it is empty.
     QString discTitle(const QString& name, const QString& albumText) const;
 };

@@ -1,0 +1,22 @@
+#include "catalogue/LoanMark.h"
+
+QString BorrowerOf(const Database& main, const CatalogueKind& kind, qint64 key)
+{
+    return main
+        .Scalar(u"SELECT Имя FROM Должники, ИменаДолжников WHERE КодИмяДолжника = КодИмени "
+                "AND КодДиска = ? AND Категория = ? AND Долг = True ORDER BY КодДолжника",
+                {key, kind.code})
+        .text();
+}
+
+void TakeBack(const Database& main, const CatalogueKind& kind, qint64 key, QDate today)
+{
+    main.Execute(u"UPDATE %1 SET Должник = False WHERE %2 = ?"_s.arg(kind.table, kind.key), {key});
+    Recordset loans = main.OpenRecordset(u"Должники");
+    loans.FindLast(u"КодДиска = ? AND Категория = ?", {key, kind.code});
+    if (loans.NoMatch()) return;
+    loans.Edit();
+    loans[u"Долг"] = false;
+    loans[u"ДатаВозвратаРеальная"] = today;
+    loans.Update();
+}
