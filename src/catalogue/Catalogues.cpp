@@ -1,0 +1,43 @@
+#include "catalogue/Catalogues.h"
+
+#include "catalogue/frmAddInCataloguePC.h"
+#include "catalogue/frmCataloguePCCD.h"
+
+namespace {
+/// The forms of one catalogue.
+struct Forms {
+    const CatalogueKind& (*kind)();
+    std::unique_ptr<frmCatalogue> (*browser)(Program&);
+    std::unique_ptr<frmAddInCatalogue> (*editor)(Program&);
+};
+
+template<class Base, class Form> std::unique_ptr<Base> make(Program& program)
+{
+    return std::make_unique<Form>(program);
+}
+
+constexpr Forms allForms[] = {
+    {Computer, make<frmCatalogue, frmCataloguePCCD>, make<frmAddInCatalogue, frmAddInCataloguePC>},
+};
+
+const Forms* formsOf(const CatalogueKind& kind)
+{
+    for (const Forms& forms : allForms)
+        if (&forms.kind() == &kind) return &forms;
+    return nullptr;
+}
+}
+
+bool HasCatalogue(const CatalogueKind& kind) { return formsOf(kind) != nullptr; }
+
+void OpenCatalogue(Program& program, const CatalogueKind& kind, QWidget* opener, int number)
+{
+    const auto catalogue = formsOf(kind)->browser(program);
+    catalogue->PositionOn(number);
+    catalogue->ShowModal(opener);
+}
+
+std::unique_ptr<frmAddInCatalogue> MakeEditor(Program& program, const CatalogueKind& kind)
+{
+    return formsOf(kind)->editor(program);
+}

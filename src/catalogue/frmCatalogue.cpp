@@ -1,0 +1,313 @@
+#include "catalogue/frmCatalogue.h"
+
+#include "catalogue/Covers.h"
+#include "catalogue/LoanMark.h"
+#include "catalogue/RecordSource.h"
+#include "frame/Settings.h"
+#include "frame/Text.h"
+#include "recognition/BoundDisc.h"
+#include "recognition/DiscIdentity.h"
+
+static const auto MyGroup = u"MyGroup"_s;
+
+frmCatalogue::frmCatalogue(Program& program, const CatalogueKind& kind)
+    : CatalogueScreen(program, kind, kind.browser, kind.title),
+      cmbDictionary(named(kind.dictionary.listName.toLatin1().constData())), dcDatabase(new DataControl(this)),
+      m_due(new Blinker({imgDue, lblDue}, this))
+{
+    dcDatabase->setObjectName(u"dcDatabase"_s);
+    const auto date = [](const Value& value) { return FormatDate(value.date(), u"dd-MMM-yyyy"_s); };
+    dcDatabase->bind(txtNumber, u"Номер"_s);
+    dcDatabase->bind(txtName, u"Название"_s);
+    dcDatabase->bind(txtYear, u"Год"_s);
+    dcDatabase->bind(txtCDs, u"Дисков"_s);
+    dcDatabase->bind(txtDateAdd, u"ДатаЗаписи"_s, date);
+    dcDatabase->bind(txtDateUpdate, u"ДатаИзменения"_s, date);
+    for (QLineEdit* box : {txtYear, txtCDs, txtDateAdd, txtDateUpdate}) box->setReadOnly(true);
+    txtName->setMaxLength(60);
+    txtNumber->setMaxLength(5);
+    DigitKeys(txtNumber);
+    setTag({txtNumber, txtName, cmbDictionary, txtYear, txtCDs, txtDateAdd, txtDateUpdate}, MyGroup);
+
+    dbGrid->setColumns({{.field = u"Номер"_s, .caption = u"Номер"_s, .alignment = Qt::AlignRight, .width = 7},
+                        {.field = u"Название"_s, .caption = kind.nameCaption}});
+    dbGrid->setDataControl(dcDatabase);
+    for (const SortOrder& order : kind.sortOrders) cmbSorted->addItem(order.item);
+    chSortedDESC->setText(u"в обратном порядке"_s);
+    imgDue->setIcon(u"loan-warning"_s);
+    lblDue->setTextFormat(Qt::PlainText);
+
+    setUpButtons();
+    connectControls();
+}
+
+void frmCatalogue::setUpButtons()
+{
+    const auto button = [this](int index, const QString& picture, const QString& text, const QString& hint,
+                               const QKeySequence& shortcut, void (frmCatalogue::*command)()) {
+        auto*& made = imgButton[std::size_t(index)];
+        made = new ImageButton(this);
+        made->setObjectName(u"imgButton_%1"_s.arg(index));
+        made->setup(picture, text, hint, shortcut);
+        if (command) connect(made, &ImageButton::clicked, this, [this, command] { (this->*command)(); });
+    };
+    button(0, u"close"_s, u"Закрыть"_s, u"Закрыть каталог (Esc)"_s, {}, nullptr);
+    connect(imgButton[0], &ImageButton::clicked, this, [this] { Unload(); });
+    button(1, u"add-disc"_s, u"Добавить"_s, u"Добавить диск"_s, Qt::CTRL | Qt::Key_N, &frmCatalogue::cmdAdd);
+    button(2, u"delete"_s, u"Удалить"_s, u"Удалить диск"_s, Qt::CTRL | Qt::Key_Delete, &frmCatalogue::cmdDelete);
+    button(3, u"edit"_s, u"Изменить"_s, u"Изменить информацию о диске"_s, Qt::Key_F2, &frmCatalogue::cmdChange);
+    button(4, u"loan"_s, u"Должник"_s, u"Выдать диск или принять его обратно"_s, Qt::CTRL | Qt::Key_D,
+           &frmCatalogue::cmdDue);
+    button(5, u"list-all"_s, u"Весь каталог"_s, u"Показать весь каталог"_s, Qt::Key_F5,
+           &frmCatalogue::ShowWholeCatalogue);
+    if (kind.lists == DiscLists::Files)
+        button(6, u"files"_s, u"Файлы"_s, u"Список файлов диска"_s, Qt::CTRL | Qt::Key_L, &frmCatalogue::showList);
+    if (kind.lists == DiscLists::Tracks)
+        button(6, u"tracks"_s, u"Треки"_s, u"Список треков диска"_s, Qt::CTRL | Qt::Key_L, &frmCatalogue::showList);
+    button(kind.coverButton, u"cover-edit"_s, u"Изменить"_s, u"Изменить обложку диска"_s, {}, nullptr);
+    button(kind.coverButton + 1, u"cover-delete"_s, u"Удалить"_s, u"Удалить обложку диска"_s, {}, nullptr);
+}
+
+void frmCatalogue::connectControls()
+{
+    connect(dcDatabase, &DataControl::Reposition, this, [this] { dcDatabase_Reposition(); });
+    connect(cmbSorted, &QComboBox::activated, this, [this] { cmbSorted_Click(); });
+    connect(chSortedDESC, &QCheckBox::clicked, this, [this] { cmbSorted_Click(); });
+    connect(cmbDictionary, &QComboBox::activated, this, [this] { cmbDictionary_Click(); });
+    connect(txtName, &QLineEdit::textEdited, this, [this] { txtName_KeyUp(); });
+    connect(txtNumber, &QLineEdit::returnPressed, this, [this] { txtNumber_KeyPress(); });
+    connect(dbGrid, &DBGrid::typed, this, [this](const QString& character) { typeAhead(character); });
+    connect(dbGrid, &DBGrid::rowDoubleClicked, this, [this] { rowDoubleClicked(); });
+    connect(dbGrid, &DBGrid::insertPressed, this, [this] {
+        if (imgButton[1]->isEnabled()) cmdAdd();
+    });
+    connect(dbGrid, &DBGrid::deletePressed, this, [this] {
+        if (imgButton[2]->isEnabled()) cmdDelete();
+    });
+    connect(TabStrip, &QTabBar::currentChanged, this, [this](int tab) {
+        fraMain[0]->setVisible(tab == 0);
+        fraMain[1]->setVisible(tab == 1);
+    });
+}
+
+void frmCatalogue::Form_Load()
+{
+    Routine("Form_Load"_L1, [&] {
+        dcDatabase->setDatabase(external() ? program.engine.OpenDatabaseReadOnly(program.shared.MainDBPath)
+                                           : program.mainDatabase());
+        if (const auto interval = BlinkInterval(program, u"tmrDueCatalogue")) m_due->setInterval(*interval);
+        allow(1, !external());
+        allow(5, false);
+        allow(kind.coverButton, false);
+        allow(kind.coverButton + 1, false);
+        FullDictionary();
+        loadSortOrder();
+        if (!external() && program.shared.CatalogueQueryMode) markAsQuery();
+    });
+    cmbSorted_Click();
+}
+
+void frmCatalogue::Form_Activate()
+{
+    if (!external()) AutoResp();
+    if (m_openOn > 0) findNumber(m_openOn);
+    dbGrid->setFocus();
+}
+
+void frmCatalogue::Form_Unload()
+{
+    program.shared.CatalogueQueryFilter.clear();
+    const Profile settings = program.settings();
+    if (Val(settings.read(u"Option", u"SaveSortedCatalogue").trimmed().left(1)) != 0) {
+        settings.write(u"Sorted", kind.sortedSetting, QString::number(cmbSorted->currentIndex()));
+        settings.write(u"Sorted", kind.sortedSetting + u"DESC"_s, QString::number(int(chSortedDESC->isChecked())));
+    }
+    dcDatabase->close();
+}
+
+void frmCatalogue::loadSortOrder()
+{
+    const Profile settings = program.settings();
+    cmbSorted->setCurrentIndex(0);
+    if (!settings.has(u"Sorted", kind.sortedSetting)) return;
+    const int item = int(settings.number(u"Sorted", kind.sortedSetting));
+    if (item >= 0 && item < cmbSorted->count()) cmbSorted->setCurrentIndex(item);
+    chSortedDESC->setChecked(settings.number(u"Sorted", kind.sortedSetting + u"DESC"_s) == 1);
+}
+
+/// The lists of names to filter by: "FullStyle", "FullDescription", "FullGenre".
+void frmCatalogue::FullDictionary()
+{
+    const DictionaryKind& dictionary = kind.dictionary;
+    const Recordset names = program.mainDatabase().OpenRecordset(
+        u"SELECT %1 FROM %1 ORDER BY %2"_s.arg(dictionary.table, dictionary.key));
+    cmbDictionary->clear();
+    for (int position = 0; position < names.RecordCount(); ++position)
+        cmbDictionary->addItem(names.row(position).constFirst().text());
+    cmbDictionary->setCurrentIndex(-1);
+}
+
+void frmCatalogue::cmbSorted_Click()
+{
+    Routine("cmbSored_Click"_L1, [&] {
+        const QString select = RecordSource(kind, program.shared.CatalogueQueryFilter, cmbSorted->currentText(),
+                                            chSortedDESC->isChecked());
+        if (!select.isEmpty()) dcDatabase->setRecordSource(select);
+        dcDatabase->Refresh();
+    });
+}
+
+void frmCatalogue::markAsQuery()
+{
+    setWindowTitle(kind.queryTitle());
+    allow(5, true);
+}
+
+void frmCatalogue::filterBy(const QString& clause)
+{
+    program.shared.CatalogueQueryFilter = clause;
+    markAsQuery();
+    cmbSorted_Click();
+}
+
+void frmCatalogue::txtName_KeyUp()
+{
+    const int caret = txtName->cursorPosition();
+    const QString clean = CleanText(txtName->text());
+    if (clean != txtName->text()) {
+        txtName->setText(clean);
+        txtName->setModified(true);
+        txtName->setCursorPosition(caret);
+    }
+    if (clean.isEmpty())
+        ShowWholeCatalogue();
+    else
+        filterBy(ContainsFilter(u"Название"_s, clean));
+}
+
+void frmCatalogue::cmbDictionary_Click()
+{
+    const QString name = cmbDictionary->currentText();
+    if (name.isEmpty())
+        ShowWholeCatalogue();
+    else
+        filterBy(EqualsFilter(kind.dictionary.table, name));
+}
+
+void frmCatalogue::ShowWholeCatalogue()
+{
+    program.shared.CatalogueQueryFilter.clear();
+    txtName->clear();
+    setWindowTitle(kind.title);
+    allow(5, false);
+    cmbSorted_Click();
+}
+
+void frmCatalogue::allow(int button, bool allowed) { imgButton[std::size_t(button)]->setEnabled(allowed); }
+
+void frmCatalogue::showCounter()
+{
+    lblCDsCount0->setText(program.shared.CatalogueQueryFilter.isEmpty() ? u"Дисков в каталоге:"_s
+                                                                        : u"Дисков удовлетворяющих запросу:"_s);
+    lblCDsCount1->setText(QString::number(dcDatabase->recordCount()));
+}
+
+void frmCatalogue::dcDatabase_Reposition()
+{
+    Routine("dcDatabase_Reposition"_L1, [&] {
+        showCounter();
+        if (!dcDatabase->hasRow()) return showNoRow();
+        showCover();
+        if (imgButton[6]) allow(6, !external() && program.offers(kind.listScreen));
+        setEnabledByTag(MyGroup, true);
+        for (QWidget* control : std::initializer_list<QWidget*>{lblSorted, cmbSorted, chSortedDESC})
+            control->setEnabled(true);
+        txtNumber->setReadOnly(false);
+        cmbDictionary->setCurrentIndex(cmbDictionary->findText(dcDatabase->value(kind.dictionary.table).text()));
+        rowShown();
+        if (external()) {
+            for (const int button : {2, 3, 4}) allow(button, false);
+            m_due->setOn(false);
+        } else {
+            CheckDue();
+        }
+    });
+}
+
+void frmCatalogue::showNoRow()
+{
+    for (const int button : {2, 3, 4, 6})
+        if (imgButton[std::size_t(button)]) allow(button, false);
+    emptied();
+    // An empty catalogue leaves nothing to search in; an empty result leaves the filters to be changed.
+    setEnabledByTag(MyGroup, !program.shared.CatalogueQueryFilter.isEmpty());
+    TabStrip->setCurrentIndex(0);
+    TabStrip->setTabText(1, {});
+    TabStrip->setEnabled(false);
+    imgBox->setPath({});
+    for (QWidget* control : std::initializer_list<QWidget*>{lblSorted, cmbSorted, chSortedDESC})
+        control->setEnabled(false);
+    m_due->setOn(false);
+    cmbDictionary->setCurrentIndex(-1);
+    txtNumber->setReadOnly(true);
+}
+
+/// The file decides at each move whether there is a cover. None is on view for an external database: covers are ours.
+void frmCatalogue::showCover()
+{
+    const int number = currentNumber();
+    const bool covered = !external() && HasCover(program, kind.coverPrefix, number);
+    imgBox->setPath(covered ? CoverPath(program, kind.coverPrefix, number) : QString());
+    if (external()) TabStrip->setCurrentIndex(0);
+    TabStrip->setTabText(1, external() ? QString() : u"Обложка"_s);
+    TabStrip->setEnabled(!external());
+}
+
+void frmCatalogue::CheckDue()
+{
+    const bool lent = dcDatabase->value(u"Должник").toBool();
+    allow(2, !lent);
+    allow(3, !lent);
+    allow(4, program.offers(u"frmAddInDue"));
+    lblDue->setText(lent ? u"Должник\n"_s + BorrowerOf(program.mainDatabase(), kind, currentKey()) : QString());
+    m_due->setOn(lent);
+}
+
+void frmCatalogue::txtNumber_KeyPress()
+{
+    Routine("txtNumber_KeyPress"_L1, [&] {
+        if (txtNumber->isReadOnly()) return;
+        const int number = DiscNumber(txtNumber->text());
+        if (number == 0) return refuse(txtNumber, u"Указан не верный номер диска. Повторите ввод."_s);
+        txtNumber->setText(QString::number(number));
+        if (findNumber(number)) return dcDatabase->showRow();
+        MsgBox(u"Диск № %1 не найден."_s.arg(number));
+        txtNumber->setText(QString::number(currentNumber()));
+        txtNumber->selectAll();
+    });
+}
+
+/// One letter again and again walks through the names that begin with it and comes back to the first.
+void frmCatalogue::typeAhead(const QString& character)
+{
+    Routine("DBGrid_KeyPress"_L1, [&] {
+        if (!dcDatabase->hasRow()) return;
+        const QString key = character.toUpper();
+        const QString criterion = u"Название LIKE \"%1*\""_s.arg(key);
+        if (key != m_lastCharacter || !dcDatabase->FindNext(criterion)) dcDatabase->FindFirst(criterion);
+        m_lastCharacter = key;
+    });
+}
+
+void frmCatalogue::AutoResp()
+{
+    Routine("AutoResp"_L1, [&] {
+        if (program.settings().number(u"Option", u"AutoResp") == 0) return;
+        const QString drive = DefaultDrive(program);
+        if (drive.isEmpty()) return;
+        program.shared.CurrentDiscID = GetDiskID(program, drive);
+        if (program.shared.CurrentDiscID.isEmpty()) return;
+        const auto disc = FindBoundDisc(program.mainDatabase(), kind, program.shared.CurrentDiscID, kind.autoRespSlots);
+        if (disc && findKey(disc->key)) discRecognised(*disc);
+    });
+}

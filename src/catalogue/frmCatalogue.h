@@ -1,0 +1,114 @@
+#pragma once
+
+#include "catalogue/CatalogueScreen.h"
+#include "catalogue/PictureBox.h"
+#include "ui/Blinker.h"
+#include "ui/DBGrid.h"
+#include "ui/IconLabel.h"
+#include "ui/ImageButton.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QTabBar>
+
+struct BoundDisc;
+
+/// A catalogue on view: the list of its discs, the details and the cover of the current one, and all that is done with a
+/// disc. The forms of the catalogues lay it out and add the fields that are theirs. Read-only while an external database
+/// is on view.
+///
+/// The filter lives in CatalogueQueryFilter: one that is set before the form opens is honoured, and the form clears it
+/// when it closes.
+class frmCatalogue : public CatalogueScreen {
+public:
+    frmCatalogue(Program& program, const CatalogueKind& kind);
+
+    /// Opens on the first disc with this number instead of the first of the list. Before ShowModal().
+    void PositionOn(int number) { m_openOn = number; }
+
+    class DBGrid* dbGrid = named("DBGrid");
+    QLabel* lblSorted = named("lblSorted");
+    QComboBox* cmbSorted = named("cmbSorted");
+    QCheckBox* chSortedDESC = named("chSortedDESC");
+    QLabel* lblCDsCount0 = named("lblCDsCount0");
+    QLabel* lblCDsCount1 = named("lblCDsCount1");
+
+    QTabBar* TabStrip = named("TabStrip");
+    std::array<QWidget*, 2> fraMain = namedArray("fraMain");
+    QLineEdit* txtNumber = named("txtNumber");
+    QLineEdit* txtName = named("txtName");
+    QComboBox* cmbDictionary; ///< cmbStyle, cmbDescription, cmbGenre
+    QLineEdit* txtYear = named("txtYear");
+    QLineEdit* txtCDs = named("txtCDs");
+    QLineEdit* txtDateAdd = named("txtDateAdd");
+    QLineEdit* txtDateUpdate = named("txtDateUpdate");
+    IconLabel* imgDue = named("imgDue");
+    QLabel* lblDue = named("lblDue");
+    PictureBox* imgBox = named("imgBox");
+
+    /// 0 close, 1 add, 2 delete, 3 change, 4 loan, 5 whole catalogue, 6 lists; the two of the cover stand where the kind
+    /// has them. Null where a catalogue has none.
+    std::array<ImageButton*, 10> imgButton{};
+
+protected:
+    /// The form's picture; `extras` stand below the common details.
+    void build(QLayout* extras);
+    /// The current row is another one; also after each refresh, and not without a row.
+    virtual void rowShown() {}
+    /// There is no row.
+    virtual void emptied() {}
+    /// AutoResp found this disc of a set.
+    virtual void discRecognised(const BoundDisc&) {}
+    /// Which disc of the set the list screen is to show first.
+    virtual int shownDisc() const { return 1; }
+
+    DataControl* const dcDatabase;
+
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Unload() override;
+
+private:
+    void setUpButtons();
+    void connectControls();
+    QWidget* toolbar();
+    QLayout* listSide();
+    QLayout* detailSide(QLayout* extras);
+
+    // Rows
+    void cmbSorted_Click();
+    void filterBy(const QString& clause);
+    void txtName_KeyUp();
+    void cmbDictionary_Click();
+    void ShowWholeCatalogue();
+    void markAsQuery();
+    void FullDictionary();
+    void loadSortOrder();
+    void dcDatabase_Reposition();
+    void showCounter();
+    void showNoRow();
+    void showCover();
+    void CheckDue();
+    void txtNumber_KeyPress();
+    void typeAhead(const QString& character);
+    void AutoResp();
+
+    // Commands
+    void cmdAdd();
+    void cmdChange();
+    void cmdDelete();
+    void cmdDue();
+    void showList();
+    void rowDoubleClicked();
+
+    void allow(int button, bool allowed);
+    bool external() const { return program.shared.ExternalDBOpen; }
+    qint64 currentKey() const { return dcDatabase->value(kind.key).toLong(); }
+    int currentNumber() const { return dcDatabase->value(u"Номер").toInt(); }
+    bool findKey(qint64 key) { return dcDatabase->FindFirst(kind.key + u" = ?"_s, {key}); }
+    bool findNumber(int number) { return dcDatabase->FindFirst(u"Номер = ?"_s, {number}); }
+
+    Blinker* m_due;
+    QString m_lastCharacter;
+    int m_openOn = 0;
+};

@@ -1,0 +1,100 @@
+#include "catalogue/Catalogues.h"
+#include "catalogue/DiscRecord.h"
+#include "catalogue/DiscRemoval.h"
+#include "catalogue/LoanMark.h"
+#include "catalogue/frmAddCD.h"
+#include "catalogue/frmAddInCatalogue.h"
+#include "catalogue/frmCatalogue.h"
+#include "frame/Settings.h"
+
+void frmCatalogue::cmdAdd()
+{
+    Routine("cmdAdd"_L1, [&] {
+        if (!AddDisc(program, kind, this)) return;
+        FullDictionary();
+        dcDatabase->Refresh();
+        findNumber(program.shared.LastSavedNumber);
+    });
+}
+
+/// The list on view stays the filtered one, but CatalogueQueryFilter ends empty: the next change of the sort order shows
+/// the whole catalogue.
+void frmCatalogue::cmdChange()
+{
+    Routine("cmdChange"_L1, [&] {
+        const qint64 key = currentKey();
+        const auto editor = MakeEditor(program, kind);
+        {
+            const Hourglass hourglass;
+            const auto record = ReadDisc(program.mainDatabase(), kind, key);
+            if (!record) return dcDatabase->Refresh(); // gone from under the list
+            program.shared.CatalogueQueryFilter = u"edit:1"_s;
+            editor->Change(*record);
+            program.shared.CatalogueQueryFilter.clear();
+        }
+        editor->ShowModal(this);
+        if (!std::exchange(program.shared.DialogDone, false)) return;
+        FullDictionary();
+        dcDatabase->Refresh();
+        findKey(key);
+    });
+}
+
+void frmCatalogue::cmdDelete()
+{
+    Routine("cmdDelete"_L1, [&] {
+        if (!Ask(u"Вы действительно хотите удалить диск № %1?\r"_s.arg(currentNumber()) + kind.deleteQuestionTail))
+            return;
+        const int position = dcDatabase->position();
+        RemoveDisc(program, kind, currentKey());
+        dcDatabase->Refresh();
+        if (dcDatabase->recordCount() > 0) dcDatabase->MoveTo(qMin(position, dcDatabase->recordCount() - 1));
+    });
+}
+
+void frmCatalogue::cmdDue()
+{
+    Routine("cmdDue"_L1, [&] {
+        if (!dcDatabase->value(u"Должник").toBool()) {
+            if (!Ask(u"Добавить должника на диск № %1?"_s.arg(currentNumber()))) return;
+            program.screens->ShowAddInDue(*this, kind.code, currentKey());
+            if (!std::exchange(program.shared.DialogDone, false)) return;
+        } else {
+            if (!Ask(u"Удалить должника с диска № %1?"_s.arg(currentNumber()))) return;
+            TakeBack(program.mainDatabase(), kind, currentKey(), program.clock.today());
+        }
+        dcDatabase->RefreshInPlace();
+        dbGrid->setFocus();
+    });
+}
+
+void frmCatalogue::showList()
+{
+    Routine(QLatin1StringView(kind.listCommand.toLatin1()), [&] {
+        const qint64 key = currentKey();
+        program.shared.DiscIDSlots = ListsOfDisc(program.mainDatabase(), kind, key);
+        program.shared.CurrentDiscID = program.shared.DiscIDSlots[0];
+        const ListRequest request{.key = key,
+                                  .number = currentNumber(),
+                                  .title = dcDatabase->value(u"Название").text(),
+                                  .album = kind.album ? dcDatabase->value(u"Альбом").text() : QString(),
+                                  .discs = dcDatabase->value(u"Дисков").toInt(),
+                                  .disc = shownDisc()};
+        if (kind.lists == DiscLists::Files)
+            program.screens->ShowFileList(*this, request);
+        else
+            program.screens->ShowTrackList(*this, request);
+        dcDatabase->RefreshInPlace();
+        dbGrid->setFocus();
+    });
+}
+
+void frmCatalogue::rowDoubleClicked()
+{
+    if (external() || !dcDatabase->hasRow()) return;
+    const bool opensList = kind.lists != DiscLists::None && OptionIsOn(program, u"DblClick");
+    if (opensList && imgButton[6]->isEnabled())
+        showList();
+    else if (!opensList && imgButton[3]->isEnabled())
+        cmdChange();
+}

@@ -1,0 +1,10 @@
+#include "catalogue/frmCataloguePCCD.h"
+
+frmCataloguePCCD::frmCataloguePCCD(Program& program) : frmCatalogue(program, Computer())
+{
+    txtDescription2->setReadOnly(true);
+    txtDescription2->setTabChangesFocus(true);
+    setTag({txtDescription2}, u"MyGroup"_s);
+    dcDatabase->bind(txtDescription2, u"РасОписание"_s);
+    build(column(label(u"&Расширенное описание:"_s, txtDescription2), txtDescription2));
+}
