@@ -87,6 +87,7 @@ int Form::exec()
     // routine that opened it has returned.
     if (!m_unloading) loop.exec(QEventLoop::DialogExec);
     m_loop = nullptr;
+    if (m_abandoned) return 0;
     Form_Unload();
     opener.comeBack();
     hide();
@@ -98,7 +99,6 @@ void Form::comeUp()
     for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
     if (m_opener) placeOver(*m_opener);
     show();
-    raise();
     activateWindow();
     // A window that no one sees, on another desktop or minimised, is never painted and is active all the same.
     QTimer::singleShot(500, this, &Form::activate);
@@ -126,6 +126,13 @@ void Form::Unload()
     if (m_unloading) return;
     m_unloading = true;
     if (m_loop) m_loop->exit();
+}
+
+void Form::Abandon()
+{
+    m_abandoned = true;
+    Unload();
+    hide();
 }
 
 void Form::activate()

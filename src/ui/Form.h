@@ -39,6 +39,8 @@ public:
 
     /// The modal loop itself: for implementations of `Dialogs::RunModal`.
     int exec() override;
+    /// Ends that loop without Form_Unload: for an end of the process that has to return to its caller, as in a test.
+    void Abandon();
     void done(int result) override;
     void reject() override;
 
@@ -67,4 +69,5 @@ private:
     bool m_painted = false;
     bool m_activated = false;
     bool m_unloading = false;
+    bool m_abandoned = false;
 };

@@ -1,0 +1,91 @@
+#include "harness/FormTest.h"
+
+#include "ui/Form.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+/// A form that writes down what happens to it and can open another one of its kind.
+class Diary : public Form {
+public:
+    Diary(Dialogs& dialogs, QStringList& log, int level = 1)
+        : Form(u"frmDiary%1"_s.arg(level), u"Дневник %1"_s.arg(level)), dialogs(dialogs), log(log), level(level)
+    {
+        write(u"construct"_s);
+        auto* layout = new QVBoxLayout(this);
+        layout->addWidget(txtName);
+        layout->addWidget(cmdChild);
+        layout->addWidget(cmdClose);
+        layout->addWidget(cmdCloseAndAsk);
+        connect(cmdChild, &QPushButton::clicked, this, [this] { openChild(); });
+        connect(cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
+        connect(cmdCloseAndAsk, &QPushButton::clicked, this, [this] { closeAndAsk(); });
+    }
+
+    QLineEdit* txtName = named("txtName");
+    QPushButton* cmdChild = named("cmdChild");
+    QPushButton* cmdClose = named("cmdClose");
+    QPushButton* cmdCloseAndAsk = named("cmdCloseAndAsk");
+    bool lets = true;
+
+protected:
+    void Form_Load() override { write(u"load"_s); }
+    void Form_Activate() override { write(u"activate"_s); }
+    void Form_Unload() override { write(u"unload"_s); }
+    bool Form_QueryUnload() override { return lets; }
+
+private:
+    void write(const QString& event) { log << event + QString::number(level); }
+    void openChild()
+    {
+        Diary child(dialogs, log, level + 1);
+        child.Load();
+        write(u"fill"_s);
+        child.ShowModal(dialogs, this);
+        write(u"back"_s);
+    }
+    void closeAndAsk()
+    {
+        Unload();
+        Unload();
+        write(dialogs.Ask(u"Точно?"_s) ? u"yes"_s : u"no"_s);
+        openChild();
+        write(u"returned"_s);
+    }
+
+    Dialogs& dialogs;
+    QStringList& log;
+    int level;
+};
+
+class FormLife : public FormTest {
+protected:
+    template<class Body> void open(const Body& body)
+    {
+        play([this] { Diary(dialogs, log).ShowModal(dialogs); }, body);
+    }
+    QStringList log;
+};
+}
+
+TEST_F(FormLife, RunsEveryRoutineOnceAndActivatesNotAgainOnReturnFromAChild)
+{
+    open([&]() -> Script {
+        co_await type("txtName", "Щука Ё");
+        EXPECT_EQ(shown("txtName"), "Щука Ё");
+        expectForm("frmDiary2");
+        co_await click("cmdChild");
+        EXPECT_EQ(title(), "Дневник 2");
+        expectForm("frmDiary3");
+        co_await click("cmdChild");
+        co_await key(Qt::Key_Escape);
+        co_await closeForm();
+        EXPECT_EQ(windowName(), "frmDiary1");
+        EXPECT_EQ(focus(), "cmdChild");
+        co_await click("cmdClose");
+    });
+    EXPECT_EQ(log.join(u' '), "construct1 load1 activate1 construct2 load2 fill1 activate2 construct3 load3 fill2 activate3 "
+                              "unload3 back2 unload2 back1 unload1");
+}
