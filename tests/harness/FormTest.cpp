@@ -20,6 +20,13 @@ QString said(const char* step, const QString& name, const QString& more = {})
 }
 }
 
+FormTest::~FormTest()
+{
+    TestTimers::giveBack();
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "an hourglass was left behind";
+    while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
+}
+
 void FormTest::expectBox(const QString& text, int type, Where where)
 {
     expectBox(text, type, naturalAnswer(type), where);
@@ -73,79 +80,94 @@ void FormTest::expectPopup(const QString& menuName, const QString& choice, Where
 
 FormTest::Step FormTest::click(const QString& name, Where where)
 {
-    return runner.step(said("click", name), [=, this] { controls.click(name, {}, Qt::LeftButton, false); }, where);
+    return runner.step(
+        said("click", name), [=, this] { controls.click(name, {}, Qt::LeftButton, false); }, where);
 }
 
 FormTest::Step FormTest::click(const QString& name, const QString& item, Where where)
 {
-    return runner.step(said("click", name, item), [=, this] { controls.click(name, item, Qt::LeftButton, false); }, where);
+    return runner.step(
+        said("click", name, item), [=, this] { controls.click(name, item, Qt::LeftButton, false); }, where);
 }
 
 FormTest::Step FormTest::doubleClick(const QString& name, Where where)
 {
-    return runner.step(said("doubleClick", name), [=, this] { controls.click(name, {}, Qt::LeftButton, true); }, where);
+    return runner.step(
+        said("doubleClick", name), [=, this] { controls.click(name, {}, Qt::LeftButton, true); }, where);
 }
 
 FormTest::Step FormTest::doubleClick(const QString& name, const QString& item, Where where)
 {
-    return runner.step(said("doubleClick", name, item), [=, this] { controls.click(name, item, Qt::LeftButton, true); },
-                       where);
+    return runner.step(
+        said("doubleClick", name, item), [=, this] { controls.click(name, item, Qt::LeftButton, true); }, where);
 }
 
 FormTest::Step FormTest::rightClick(const QString& name, Where where)
 {
-    return runner.step(said("rightClick", name), [=, this] { controls.contextMenu(name, {}); }, where);
+    return runner.step(
+        said("rightClick", name), [=, this] { controls.contextMenu(name, {}); }, where);
 }
 
 FormTest::Step FormTest::rightClick(const QString& name, const QString& item, Where where)
 {
-    return runner.step(said("rightClick", name, item), [=, this] { controls.contextMenu(name, item); }, where);
+    return runner.step(
+        said("rightClick", name, item), [=, this] { controls.contextMenu(name, item); }, where);
 }
 
 FormTest::Step FormTest::clickHeader(const QString& name, const QString& column, Where where)
 {
-    return runner.step(said("clickHeader", name, column), [=, this] { controls.header(name, column); }, where);
+    return runner.step(
+        said("clickHeader", name, column), [=, this] { controls.header(name, column); }, where);
 }
 
 FormTest::Step FormTest::type(const QString& name, const QString& text, Where where)
 {
-    return runner.step(said("type", name, text), [=, this] { controls.type(name, text); }, where);
+    return runner.step(
+        said("type", name, text), [=, this] { controls.type(name, text); }, where);
 }
 
 FormTest::Step FormTest::key(int key, Qt::KeyboardModifiers modifiers, Where where)
 {
     const QString keyName = QKeySequence(key | int(modifiers)).toString(QKeySequence::PortableText);
-    return runner.step(said("key", keyName), [=, this] { controls.key(key, modifiers); }, where);
+    return runner.step(
+        said("key", keyName), [=, this] { controls.key(key, modifiers); }, where);
 }
 
 FormTest::Step FormTest::keys(const QString& text, Where where)
 {
-    return runner.step(said("keys", text), [=, this] { controls.keys(text); }, where);
+    return runner.step(
+        said("keys", text), [=, this] { controls.keys(text); }, where);
 }
 
 FormTest::Step FormTest::focusOn(const QString& name, Where where)
 {
-    return runner.step(said("focusOn", name), [=, this] { controls.usable(name).setFocus(Qt::TabFocusReason); }, where);
+    return runner.step(
+        said("focusOn", name), [=, this] { controls.usable(name).setFocus(Qt::TabFocusReason); }, where);
 }
 
 FormTest::Step FormTest::select(const QString& name, const QString& item, Where where)
 {
-    return runner.step(said("select", name, item), [=, this] { controls.select(name, item); }, where);
+    return runner.step(
+        said("select", name, item), [=, this] { controls.select(name, item); }, where);
 }
 
 FormTest::Step FormTest::check(const QString& name, const QString& item, bool on, Where where)
 {
-    return runner.step(said("check", name, item.isNull() ? QString(on ? u"on"_s : u"off"_s) : item), [=, this] { controls.check(name, item, on); }, where);
+    return runner.step(
+        said("check", name, item.isNull() ? QString(on ? u"on"_s : u"off"_s) : item),
+        [=, this] { controls.check(name, item, on); }, where);
 }
 
 FormTest::Step FormTest::trigger(const QString& action, Where where)
 {
-    return runner.step(said("trigger", action), [=, this] { controls.trigger(action); }, where);
+    return runner.step(
+        said("trigger", action), [=, this] { controls.trigger(action); }, where);
 }
 
 FormTest::Step FormTest::advance(int milliseconds, Where where)
 {
-    return runner.step(said("advance", QString::number(milliseconds)), [=] { TestTimers::advance(milliseconds); }, where);
+    return runner.step(
+        said("advance", QString::number(milliseconds)), [=] { TestTimers::advance(milliseconds); }, where);
 }
 
 FormTest::Step FormTest::until(std::function<bool()> condition, Where where)
@@ -155,7 +177,8 @@ FormTest::Step FormTest::until(std::function<bool()> condition, Where where)
 
 FormTest::Step FormTest::closeForm(Where where)
 {
-    return runner.step(u"closeForm()"_s, [this] { runner.window().close(); }, where);
+    return runner.step(
+        u"closeForm()"_s, [this] { runner.window().close(); }, where);
 }
 
 FormTest::Step FormTest::picture(const QString& name, Where where)

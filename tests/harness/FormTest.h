@@ -16,7 +16,7 @@ protected:
     using Step = ScriptRunner::Step;
 
     FormTest() { TestTimers::takeOver(); }
-    ~FormTest() override { TestTimers::giveBack(); }
+    ~FormTest() override;
 
     /// Runs a script over what `open` opens.
     template<class Body> void play(const std::function<void()>& open, const Body& body) { runner.play(open, body()); }
@@ -25,7 +25,8 @@ protected:
     void expectBox(const QString& text, int type = Box::Exclamation, Where where = Where::current());
     void expectBox(const QString& text, int type, Answer answer, Where where = Where::current());
     /// The empty answer is Cancel as well.
-    void expectInput(const QString& prompt, const QString& title, const QString& answer, Where where = Where::current());
+    void expectInput(const QString& prompt, const QString& title, const QString& answer,
+                     Where where = Where::current());
     void expectInputOffering(const QString& offered, const QString& prompt, const QString& title, const QString& answer,
                              Where where = Where::current());
     void expectOpenFile(const QString& title, const QString& answer, Where where = Where::current());

@@ -72,7 +72,8 @@ ScriptRunner::Step ScriptRunner::step(const QString& says, std::function<void()>
 ScriptRunner::Step ScriptRunner::until(std::function<bool()> condition, Where place)
 {
     m_condition = std::move(condition);
-    return step(u"until(…)"_s, [] {}, place);
+    return step(
+        u"until(…)"_s, [] {}, place);
 }
 
 QWidget* ScriptRunner::top() const
@@ -123,6 +124,7 @@ void ScriptRunner::timerEvent(QTimerEvent* event)
 
 void ScriptRunner::proceed()
 {
+    if (m_plainLoop && !top()) m_plainLoop->exit();
     if (m_script.done()) return closeWhatIsLeft();
     if (!m_resume) return; // the script's own code runs a loop
     resumeScript();
@@ -157,8 +159,7 @@ void ScriptRunner::closeWhatIsLeft()
     if (auto* form = qobject_cast<Form*>(window))
         form->Unload();
     else
-        window->close();
-    if (m_plainLoop && m_plainWindow && !m_plainWindow->isVisible()) m_plainLoop->exit();
+        window->hide();
 }
 
 void ScriptRunner::closeAll()
@@ -173,9 +174,11 @@ void ScriptRunner::abort(const QString& message)
     if (!m_aborted) {
         m_aborted = true;
         const QWidget* window = top();
-        const QString place = window ? u"In %1 \"%2\""_s.arg(window->objectName(), window->windowTitle()) : u"Without a window"_s;
+        const QString place = window ? u"In %1 \"%2\""_s.arg(window->objectName(), window->windowTitle())
+                                     : u"Without a window"_s;
         ADD_FAILURE_AT(where.file_name(), int(where.line()))
-            << (place + u", step "_s + (m_says.isEmpty() ? u"(none yet)"_s : m_says) + u":\n"_s + message).toStdString();
+            << (place + u", step "_s + (m_says.isEmpty() ? u"(none yet)"_s : m_says) + u":\n"_s + message)
+                   .toStdString();
         closeAll();
     }
     throw ScriptAborted();

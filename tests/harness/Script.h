@@ -80,9 +80,10 @@ using Where = std::source_location;
 /// Runs one script over the windows that a function opens, and closes what is left.
 class ScriptRunner : public QObject {
 public:
-    class [[nodiscard("a step does nothing without co_await")]] Step {
+    class [[nodiscard("a step does nothing without co_await")]] Step
+    {
     public:
-        explicit Step(ScriptRunner& runner) : m_runner(runner) {}
+        explicit Step(ScriptRunner & runner) : m_runner(runner) {}
         bool await_ready() const { return false; }
         void await_suspend(std::coroutine_handle<> script) { m_runner.m_resume = script; }
         void await_resume() const {}

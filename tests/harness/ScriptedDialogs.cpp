@@ -125,7 +125,8 @@ void ScriptedDialogs::Popup(QMenu& menu, const QPoint&)
         if (action->isEnabled() && (text == expected.reply || action->objectName() == expected.reply))
             return action->trigger();
     }
-    m_runner->abort(u"Menu %1 does not offer %2 but:\n%3"_s.arg(menu.objectName(), expected.reply, offered.join(u'\n')));
+    m_runner->abort(
+        u"Menu %1 does not offer %2 but:\n%3"_s.arg(menu.objectName(), expected.reply, offered.join(u'\n')));
 }
 
 void ScriptedDialogs::abandonForms()

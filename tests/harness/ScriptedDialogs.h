@@ -18,7 +18,7 @@ public:
         QString text = {};  ///< of a box, the prompt of an input box
         int type = 0;
         Answer answer = Answer::Ok;
-        QString reply = {}; ///< what is typed or chosen: a text, a path, a menu's action
+        QString reply = {};                  ///< what is typed or chosen: a text, a path, a menu's action
         std::optional<QString> offered = {}; ///< the text that an input box or a chooser must offer
         std::function<bool(const QString& text)> accepts = {}; ///< in place of an equal text
     };

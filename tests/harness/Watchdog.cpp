@@ -6,7 +6,8 @@
 
 Watchdog::Watchdog()
 {
-    const int seconds = qEnvironmentVariableIsSet("VINORA_WATCHDOG") ? qEnvironmentVariableIntValue("VINORA_WATCHDOG") : 60;
+    const int seconds = qEnvironmentVariableIsSet("VINORA_WATCHDOG") ? qEnvironmentVariableIntValue("VINORA_WATCHDOG")
+                                                                     : 60;
     if (seconds > 0) m_thread = std::thread([this, seconds] { watch(seconds); });
 }
 

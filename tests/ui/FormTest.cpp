@@ -86,6 +86,7 @@ TEST_F(FormLife, RunsEveryRoutineOnceAndActivatesNotAgainOnReturnFromAChild)
         EXPECT_EQ(focus(), "cmdChild");
         co_await click("cmdClose");
     });
-    EXPECT_EQ(log.join(u' '), "construct1 load1 activate1 construct2 load2 fill1 activate2 construct3 load3 fill2 activate3 "
-                              "unload3 back2 unload2 back1 unload1");
+    EXPECT_EQ(log.join(u' '),
+              "construct1 load1 activate1 construct2 load2 fill1 activate2 construct3 load3 fill2 activate3 "
+              "unload3 back2 unload2 back1 unload1");
 }
