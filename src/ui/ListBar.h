@@ -2,16 +2,20 @@
 
 #include <QIcon>
 #include <QScrollArea>
+#include <memory>
+#include <vector>
 
-class QToolButton;
 class QVBoxLayout;
 
-/// The bar at the left of the main window: groups of items under captions that fold. Up and Down walk through the items,
-/// Enter and Space choose one.
+/// The bar at the left of the main window: groups of items under captions that fold. Up and Down walk through the items of
+/// all groups, Home and End go to the first and last, Enter and Space choose one; Left folds the group, and Right on a
+/// caption unfolds it. Each group is one stop of the Tab key, and so is each caption. An item's objectName is its text. As
+/// wide as its texts need.
 class ListBar : public QScrollArea {
     Q_OBJECT
 public:
     explicit ListBar(QWidget* parent = nullptr);
+    ~ListBar() override;
 
     /// Groups have a key ("g2") and a caption; items a text and a key that names what they are ("due1").
     void addGroup(const QString& key, const QString& caption);
@@ -26,13 +30,28 @@ public:
     QStringList foldedGroups() const;
     void setFoldedGroups(const QStringList& keys);
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 signals:
     void itemClicked(const QString& group, const QString& text);
     /// Right button or menu key; `text` is empty beside an item.
     void contextMenu(const QString& group, const QString& text, const QPoint& globalPosition);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
 private:
     struct Group;
-    QList<Group*> m_groups;
+    Group* find(const QString& key) const;
+    /// Null when neither a caption nor an item.
+    Group* groupOf(const QObject* row) const;
+    bool handleKey(QWidget* row, int key);
+    void walk(QWidget* from, int direction);
+    void fold(Group& group, bool folded);
+    void giveTabStop(Group& group, QWidget* item);
+
+    std::vector<std::unique_ptr<Group>> m_groups;
     QVBoxLayout* m_column;
 };

@@ -1,6 +1,7 @@
 #include "ui/Style.h"
 
 #include "platform/Literals.h"
+#include "ui/Card.h"
 #include "ui/Strokes.h"
 #include "ui/Theme.h"
 
@@ -56,6 +57,7 @@ int layoutMargin(const QStyleOption* option, const QWidget* widget)
 {
     if (!widget) return 0;
     if (widget->isWindow()) return Theme::Outside;
+    if (dynamic_cast<const Card*>(widget)) return Theme::Inside;
     if (qobject_cast<const QGroupBox*>(widget) || isPageOfTabs(widget)) return qRound(line(option, widget) * 0.9);
     return 0;
 }
@@ -223,9 +225,11 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
     case CT_PushButton: {
         const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
         const bool bare = button && button->text.isEmpty();
-        int width = contents.width() + (bare ? tall - pixelMetric(PM_ButtonIconSize, option, widget) : 2 * qRound(h * 0.8));
+        int width = contents.width() +
+                    (bare ? tall - pixelMetric(PM_ButtonIconSize, option, widget) : 2 * qRound(h * 0.8));
         if (button && !bare && !button->icon.isNull()) width += qRound(h * 0.2);
-        if (button && button->features & QStyleOptionButton::HasMenu) width += pixelMetric(PM_MenuButtonIndicator, option, widget);
+        if (button && button->features & QStyleOptionButton::HasMenu)
+            width += pixelMetric(PM_MenuButtonIndicator, option, widget);
         return QSize(qMax(width, bare ? tall : h * 5), qMax(tall, contents.height() + pad));
     }
     case CT_ComboBox: return QSize(contents.width() + 2 * pad + qRound(h * 1.4), qMax(tall, contents.height()));
@@ -296,7 +300,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
-void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
+void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                        const QWidget* widget) const
 {
     // The one place that knows which option goes with which element; a foreign option falls through to the base style.
     if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {

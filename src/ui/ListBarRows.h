@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QAbstractButton>
+
+/// The caption of a group of the list bar, with the sign that says whether the group is folded. `checked` is unfolded.
+class ListBarCaption : public QAbstractButton {
+public:
+    explicit ListBarCaption(const QString& caption);
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// One item of the list bar: lit under the mouse, marked at its edge while it has the keyboard.
+class ListBarItem : public QAbstractButton {
+public:
+    ListBarItem(const QString& key, const QString& caption, const QIcon& icon);
+
+    const QString& key() const { return m_key; }
+    const QString& caption() const { return m_caption; }
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_key, m_caption;
+};

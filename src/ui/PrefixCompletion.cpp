@@ -1,0 +1,55 @@
+#include "ui/PrefixCompletion.h"
+
+#include <QKeyEvent>
+#include <algorithm>
+#include <utility>
+
+PrefixCompletion::PrefixCompletion(QLineEdit* box, QObject* parent) : QObject(parent), m_box(box)
+{
+    box->installEventFilter(this);
+    QObject::connect(box, &QLineEdit::textChanged, this, [this](const QString& text) { complete(text); });
+}
+
+void PrefixCompletion::setItems(const QStringList& items)
+{
+    m_items = items;
+    m_folded.clear();
+    m_folded.reserve(items.size());
+    for (const QString& item : items) m_folded.append(item.toCaseFolded());
+}
+
+void PrefixCompletion::setActive(std::function<bool()> active) { m_active = std::move(active); }
+
+bool PrefixCompletion::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_box || event->type() != QEvent::KeyPress) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_Backspace && key->key() != Qt::Key_Delete) return false;
+    if (m_box->isReadOnly()) return false;
+    m_suppressed = true;
+    if (key->key() != Qt::Key_Backspace || !m_box->hasSelectedText()) return false;
+    m_box->setSelection(m_box->selectionStart(), m_box->text().size());
+    m_box->del();
+    return true;
+}
+
+void PrefixCompletion::complete(const QString& text)
+{
+    // The flag lives until the end of one change, whatever that change was.
+    if (std::exchange(m_suppressed, false)) return;
+    if (text.isEmpty() || (m_active && !m_active())) return;
+
+    const QString folded = text.toCaseFolded();
+    const auto found = std::find_if(m_folded.cbegin(), m_folded.cend(),
+                                    [&](const QString& item) { return item.startsWith(folded); });
+    if (found == m_folded.cend()) return;
+    const QString& item = m_items.at(found - m_folded.cbegin());
+    const int caret = m_box->cursorPosition();
+
+    m_suppressed = true; // filling the box is a change too
+    m_box->selectAll();
+    m_box->insert(item);
+    m_suppressed = false;
+    const int length = static_cast<int>(m_box->text().size());
+    if (caret < length) m_box->setSelection(caret, length - caret);
+}
