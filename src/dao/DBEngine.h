@@ -10,21 +10,34 @@
 namespace DaoErrorNumber {
 inline constexpr int OutOfRange = 6;
 inline constexpr int TableExists = 3010;
+inline constexpr int NotEditing = 3020;
 inline constexpr int NoCurrentRecord = 3021;
+inline constexpr int DuplicateKey = 3022;
 inline constexpr int FileNotFound = 3024;
 inline constexpr int DiskFull = 3026;
+inline constexpr int NotUpdatable = 3027;
+inline constexpr int DiskError = 3043;
 inline constexpr int PathNotValid = 3044;
+inline constexpr int InUse = 3045;
+inline constexpr int Damaged = 3049;
 inline constexpr int CannotOpenOrWrite = 3051;
 inline constexpr int NoSuchParameter = 3061;
 inline constexpr int MalformedStatement = 3075;
 inline constexpr int MalformedCriterion = 3077;
 inline constexpr int TableNotFound = 3078;
+inline constexpr int UndefinedFunction = 3085;
+inline constexpr int NotAName = 3125;
 inline constexpr int TextTooLong = 3163;
 inline constexpr int ReferredTo = 3200;
+inline constexpr int NothingReferredTo = 3201;
 inline constexpr int FileExists = 3204;
+inline constexpr int Locked = 3218;
+inline constexpr int NotSupported = 3251;
 inline constexpr int NoSuchItem = 3265;
 inline constexpr int EmptyTextNotAllowed = 3315;
 inline constexpr int NotADatabase = 3343;
+inline constexpr int Closed = 3420;
+inline constexpr int WrongType = 3421;
 }
 
 /// The storage engine of the process: at most one connection per file, kept while a handle uses it and a while after.
@@ -65,21 +78,23 @@ public:
 private:
     friend class CommandScope;
     struct State;
-    std::unique_ptr<State> d;
+    std::shared_ptr<State> d; ///< handles know it weakly: the last one on a file starts the time it is kept
 };
 
 /// One command of the user. Scopes nest; the end of the outermost one commits, also when an exception passes, since what
 /// a routine wrote before its fault is kept. A commit that fails while an exception passes is dropped with its group.
+/// Otherwise a failing commit throws from end() or, without it, from the destructor.
 class CommandScope {
 public:
     explicit CommandScope(DBEngine& engine);
     /// Ends the scope early so that a failing commit can be reported. The destructor then does nothing.
     void end();
-    ~CommandScope();
+    ~CommandScope() noexcept(false);
     CommandScope(const CommandScope&) = delete;
     CommandScope& operator=(const CommandScope&) = delete;
 
 private:
     DBEngine& m_engine;
+    int m_exceptions; ///< on their way when the scope began
     bool m_open = true;
 };

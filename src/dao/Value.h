@@ -18,26 +18,43 @@ public:
     Value(bool truth) : m_value(qint64(truth ? -1 : 0)) {}
     Value(const QString& text) : m_value(text) {}
     Value(QStringView text) : m_value(text.toString()) {}
-    Value(QDate date) : m_value(QDateTime(date, QTime(0, 0))) {}
-    Value(const QDateTime& moment) : m_value(moment) {}
+    Value(QDate date) : Value(date, QTime(0, 0)) {} ///< an invalid date is Null
+    Value(const QDateTime& moment) : Value(moment.date(), moment.time()) {}
     Value(const char16_t* text) : m_value(QString::fromUtf16(text)) {}
     Value(const char*) = delete;
 
+    /// The date that "yyyy-MM-dd", alone or with " hh:mm:ss" behind it, says; any other text as it is.
+    static Value fromIso(const QString& text);
+
     bool isNull() const { return m_value.index() == 0; }
+    bool isWhole() const { return std::holds_alternative<qint64>(m_value); }
+    bool isText() const { return std::holds_alternative<QString>(m_value); }
     /// Null, and a text without a number, are 0; out of range is cut to the range of int.
     int toInt() const;
     qint64 toLong() const;
     double toDouble() const;
     /// False only for 0 and Null.
     bool toBool() const { return toDouble() != 0; }
-    /// Null is empty; a date is ISO; a number is plain decimal.
+    /// Null is empty; a date is ISO, with its time unless that is midnight; a number is plain decimal.
     QString text() const;
     /// Invalid for Null and for what is no date.
-    QDate date() const { return moment().date(); }
+    QDate date() const;
     QDateTime moment() const;
 
     bool operator==(const Value&) const = default;
 
 private:
-    std::variant<std::monostate, qint64, double, QString, QDateTime> m_value;
+    /// As the calendar and the clock on the wall say it, so that no time zone ever moves a date.
+    struct Moment {
+        QDate date;
+        QTime time;
+        bool operator==(const Moment&) const = default;
+    };
+    friend class Statement;
+    Value(QDate date, QTime time)
+    {
+        if (date.isValid()) m_value = Moment{date, time};
+    }
+
+    std::variant<std::monostate, qint64, double, QString, Moment> m_value;
 };
