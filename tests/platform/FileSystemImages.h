@@ -9,6 +9,13 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+/// A line per entry: path, size of a file, "h" when hidden.
+class Tree : public QStringList {
+public:
+    using QStringList::QStringList;
+    friend void PrintTo(const Tree& tree, std::ostream* out) { *out << '\n' << tree.join(u'\n').toStdString(); }
+};
+
 /// Sectors in memory or in a file.
 class TestSource : public SectorSource {
 public:
@@ -48,10 +55,10 @@ inline std::unique_ptr<FileSystem> openBytes(const QByteArray& bytes)
     return OpenFileSystem(std::make_shared<TestSource>(bytes));
 }
 
-/// What a whole file system holds, a line per entry: path, "size" of a file, "h" when hidden. Paths ascend.
-inline QStringList printTree(FileSystem& system, const QString& folder = QStringLiteral("\\"))
+/// What a whole file system holds.
+inline Tree printTree(FileSystem& system, const QString& folder = QStringLiteral("\\"))
 {
-    QStringList lines;
+    Tree lines;
     for (const DiscEntry& entry : system.list(folder)) {
         const QString tail = entry.folder ? QStringLiteral("\\") : u' ' + QString::number(entry.size);
         lines += folder + entry.name + tail + (entry.hidden ? QStringLiteral(" h") : QString());
@@ -60,10 +67,10 @@ inline QStringList printTree(FileSystem& system, const QString& folder = QString
     return lines;
 }
 
-/// The same of a folder on the test's own disk; a leading dot is hidden.
-inline QStringList printDisk(const QString& native, const QString& folder = QStringLiteral("\\"))
+/// The same of a folder on the test's own disk, in the order of a listing; a leading dot is hidden.
+inline Tree printDisk(const QString& native, const QString& folder = QStringLiteral("\\"))
 {
-    QStringList lines;
+    Tree lines;
     auto infos = QDir(native).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     std::ranges::sort(infos, [](const QFileInfo& a, const QFileInfo& b) {
         const int order = a.fileName().compare(b.fileName(), Qt::CaseInsensitive);

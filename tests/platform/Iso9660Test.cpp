@@ -45,10 +45,10 @@ TEST_F(Iso9660, RockRidgeListsWhatWasPutInWithLongNamesAndDeepFolders)
     put(u"1/2/3/4/5/6/7/other/9/end"_s, "relocated too");
     MAKE_IMAGE(genisoimage({u"-R"_s, u"-hide-rr-moved"_s}));
     const auto system = open();
-    QStringList expected = printDisk(tree);
+    Tree expected = printDisk(tree);
     expected.insert(1, u"\\.rr_moved\\ h"_s);
     expected.sort(Qt::CaseInsensitive);
-    QStringList found = printTree(*system);
+    Tree found = printTree(*system);
     found.sort(Qt::CaseInsensitive);
     EXPECT_EQ(found, expected);
     EXPECT_EQ(system->read(u"\\1\\2\\3\\4\\5\\6\\7\\8\\9\\10\\"_s, u"file"_s, 0, 100), "relocated");
@@ -71,7 +71,7 @@ TEST_F(Iso9660, PlainNamesLoseVersionAndFinalDot)
     put(u"data/setup.exe"_s, "setup");
     MAKE_IMAGE(genisoimage({}));
     auto system = open();
-    EXPECT_EQ(printTree(*system), (QStringList{u"\\DATA\\"_s, u"\\DATA\\SETUP.EXE 5"_s, u"\\README 7"_s}));
+    EXPECT_EQ(printTree(*system), (Tree{u"\\DATA\\"_s, u"\\DATA\\SETUP.EXE 5"_s, u"\\README 7"_s}));
     EXPECT_EQ(system->read(u"\\data\\"_s, u"Setup.exe"_s, 0, 2), "se");
     EXPECT_EQ(system->volume().maximumComponentLength, 110u);
 
@@ -86,7 +86,7 @@ TEST_F(Iso9660, PlainNamesOfDosAreRussian)
     MAKE_IMAGE(genisoimage({}));
     QByteArray bytes = contentsOf(image);
     bytes.replace("AAAAAA.TXT", "\x8f\x90\x88\x82\x85\x92.TXT");
-    EXPECT_EQ(printTree(*openBytes(bytes)), QStringList{u"\\ПРИВЕТ.TXT 4"_s});
+    EXPECT_EQ(printTree(*openBytes(bytes)), Tree{u"\\ПРИВЕТ.TXT 4"_s});
 }
 
 TEST_F(Iso9660, HiddenFilesAreMarked)
@@ -100,9 +100,9 @@ TEST_F(Iso9660, HiddenFilesAreMarked)
     const qsizetype at = bytes.indexOf(name) - 33;
     ASSERT_GT(at, 0);
     bytes[at + 25] = 1;
-    EXPECT_EQ(printTree(*openBytes(bytes)), (QStringList{u"\\seen.txt 0"_s, u"\\unseen.txt 0 h"_s}));
+    EXPECT_EQ(printTree(*openBytes(bytes)), (Tree{u"\\seen.txt 0"_s, u"\\unseen.txt 0 h"_s}));
     bytes[at + 25] = 4; // an associated file is no entry of its own
-    EXPECT_EQ(printTree(*openBytes(bytes)), QStringList{u"\\seen.txt 0"_s});
+    EXPECT_EQ(printTree(*openBytes(bytes)), Tree{u"\\seen.txt 0"_s});
 }
 
 TEST_F(Iso9660, FileOfSeveralExtentsIsOne)
@@ -119,7 +119,7 @@ TEST_F(Iso9660, FileOfSeveralExtentsIsOne)
     bytes.replace("PART2.BIN", "PART1.BIN").replace("PART3.BIN", "PART1.BIN");
 
     const auto system = openBytes(bytes);
-    EXPECT_EQ(printTree(*system), (QStringList{u"\\PART1.BIN 4099"_s, u"\\TINY.BIN 1"_s}));
+    EXPECT_EQ(printTree(*system), (Tree{u"\\PART1.BIN 4099"_s, u"\\TINY.BIN 1"_s}));
     EXPECT_EQ(system->read(u"\\"_s, u"PART1.BIN"_s, 0, 5000), QByteArray(2048, 'a') + QByteArray(2048, 'b') + "end");
     EXPECT_EQ(system->read(u"\\"_s, u"PART1.BIN"_s, 4095, 3), "ben");
     EXPECT_EQ(system->read(u"\\"_s, u"PART1.BIN"_s, 4099, 3), "");
@@ -145,9 +145,9 @@ TEST_F(Iso9660, LastSessionDecides)
     disc.write(contentsOf(image));
     disc.close();
     image = both;
-    EXPECT_EQ(printTree(*open()), QStringList{u"\\first.txt 1"_s});
+    EXPECT_EQ(printTree(*open()), Tree{u"\\first.txt 1"_s});
     const auto system = open(next);
-    EXPECT_EQ(printTree(*system), (QStringList{u"\\first.txt 1"_s, u"\\second.txt 2"_s}));
+    EXPECT_EQ(printTree(*system), (Tree{u"\\first.txt 1"_s, u"\\second.txt 2"_s}));
     EXPECT_EQ(system->read(u"\\"_s, u"first.txt"_s, 0, 9), "1");
     EXPECT_EQ(system->read(u"\\"_s, u"second.txt"_s, 0, 9), "22");
 }
@@ -157,7 +157,7 @@ TEST_F(Iso9660, RescueDiscOfADistributionIsRead)
     image = u"/usr/lib/grub-rescue/grub-rescue-cdrom.iso"_s;
     if (!QFile::exists(image)) GTEST_SKIP() << "the package grub-rescue-pc is not installed";
     const auto system = open();
-    const QStringList found = printTree(*system);
+    const Tree found = printTree(*system);
     EXPECT_GT(found.size(), 250);
     EXPECT_THAT(found, testing::Contains(u"\\boot\\grub\\i386-pc\\"_s));
     EXPECT_EQ(system->read(u"\\boot\\grub\\i386-pc\\"_s, u"iso9660.mod"_s, 0, 4), "\x7f"
