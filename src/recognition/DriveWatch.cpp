@@ -5,6 +5,7 @@
 #include "recognition/BoundDisc.h"
 #include "recognition/DiscIdentity.h"
 
+#include <QApplication>
 #include <QScopedValueRollback>
 
 namespace {
@@ -23,7 +24,8 @@ bool DriveWatch::tick()
 {
     if (m_ticking || m_program.shared.DriveWatchPaused) return false;
     const QScopedValueRollback ticking(m_ticking, true);
-    const bool mayAsk = !m_program.dialogs.modalIsOpen() && m_program.routines == 0;
+    const bool mayAsk = m_program.routines == 0 && !m_program.dialogs.modalIsOpen() &&
+                        !QApplication::activePopupWidget();
     bool blinks = false;
     Guarded(m_program, "frmMain, tmrCheckCD_Timer()"_L1, [&] {
         const QString drive = DefaultDrive(m_program);

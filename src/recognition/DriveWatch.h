@@ -36,8 +36,9 @@ public:
     const DriveSigns& signs() const { return m_signs; }
 
     /// One tick (`tmrCheckCD`). True when a disc was handled that blinks from now on, so `tmrNewCD` is to run. A disc
-    /// whose category only the user can tell is asked about when nothing modal is open and no routine is under way; until
-    /// then it does not count as seen. Ticks do not nest. Faults go to the fault routine.
+    /// whose category only the user can tell is asked about when nothing modal is open and no guarded routine is under
+    /// way (so call this from outside of one); until then it does not count as seen. Ticks do not nest. Faults go to the
+    /// fault routine.
     bool tick();
     /// One tick of `tmrNewCD`: flagged signs come and go, or stay if `steady`, then only those of the first one flagged.
     void blink(bool steady);

@@ -5,11 +5,9 @@
 #include "store/DatabaseSet.h"
 #include "store/Schema.h"
 
-#include <QApplication>
-
 namespace {
 
-void create(const Database& database, const QList<TableDef>& tables, const QList<Seed>& seeds)
+void createTables(const Database& database, const QList<TableDef>& tables, const QList<Seed>& seeds)
 {
     for (const TableDef& table : tables) {
         database.CreateTable(table);
@@ -25,38 +23,48 @@ void create(const Database& database, const QList<TableDef>& tables, const QList
     }
 }
 
-void createEmptied(Program& program, const QString& path)
+/// A database without all of its tables would look complete to the next start.
+void discard(Program& program, const QString& path)
 {
-    if (FileExists(path)) {
+    try {
         program.engine.Release(path);
         DeleteFile(path);
+    } catch (const RuntimeError&) {
+        // The error that made the file useless is the one to tell.
     }
+}
+
+/// The file is whole and on disk, or not there.
+void createDatabase(Program& program, const QString& path, const QList<TableDef>& tables, const QList<Seed>& seeds)
+{
     program.engine.CreateDatabase(path);
+    try {
+        createTables(program.engine.OpenDatabase(path), tables, seeds);
+        program.engine.Commit();
+    } catch (const RuntimeError&) {
+        discard(program, path);
+        throw;
+    }
+}
+
+void deleteExisting(Program& program, const QString& path)
+{
+    if (!FileExists(path)) return;
+    program.engine.Release(path);
+    DeleteFile(path);
 }
 
 void build(Program& program, int kind)
 {
-    // Tables and seeds of a file come in one group: a new database is whole or not there.
-    CommandScope scope(program.engine);
-    if (kind != 1 && kind != 2) {
-        program.engine.CreateDatabase(program.shared.MainDBPath);
-        create(program.mainDatabase(), MainSchema(), MainSeeds());
-    }
+    if (kind != 1 && kind != 2) createDatabase(program, program.shared.MainDBPath, MainSchema(), MainSeeds());
     if (kind != 2) {
-        createEmptied(program, program.shared.FilesDBPath);
-        create(program.filesDatabase(), FilterSchema(), FilterSeeds());
+        deleteExisting(program, program.shared.FilesDBPath);
+        createDatabase(program, program.shared.FilesDBPath, FilterSchema(), FilterSeeds());
     }
-    if (kind != 1) createEmptied(program, program.shared.TracksDBPath);
-    scope.end();
-}
-
-bool buildMissing(Program& program)
-{
-    bool readOnly = false;
-    if (!FileExists(program.shared.MainDBPath)) readOnly |= Reanimator(program, 0);
-    if (!FileExists(program.shared.FilesDBPath)) readOnly |= Reanimator(program, 1);
-    if (!FileExists(program.shared.TracksDBPath)) readOnly |= Reanimator(program, 2);
-    return readOnly;
+    if (kind != 1) {
+        deleteExisting(program, program.shared.TracksDBPath);
+        program.engine.CreateDatabase(program.shared.TracksDBPath);
+    }
 }
 
 }
@@ -76,11 +84,20 @@ bool Reanimator(Program& program, int kind)
                 return;
             case DaoErrorNumber::PathNotValid:
                 OfferToRestoreFolder(program, u"Папка '%1' не существует!"_s.arg(folder));
-                readOnly = buildMissing(program);
+                readOnly = CreateMissingDatabases(program);
                 return;
             default: throw;
             }
         }
     });
+    return readOnly;
+}
+
+bool CreateMissingDatabases(Program& program)
+{
+    bool readOnly = false;
+    if (!FileExists(program.shared.MainDBPath)) readOnly |= Reanimator(program, 0);
+    if (!FileExists(program.shared.FilesDBPath)) readOnly |= Reanimator(program, 1);
+    if (!FileExists(program.shared.TracksDBPath)) readOnly |= Reanimator(program, 2);
     return readOnly;
 }
