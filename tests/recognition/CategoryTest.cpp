@@ -1,0 +1,134 @@
+#include "harness/ScreenTest.h"
+#include "recognition/DiscIdentity.h"
+
+namespace {
+
+/// A drive D with a disc that only the user can tell: a volume of 64 characters per name.
+class Category : public ScreenTest {
+protected:
+    const QString drive = u"D:\\"_s;
+    FakeDrive& d = drives.add('D', FakeDisc::data("ODD", 0x0BADD15C, 64));
+
+    void during(const std::function<void()>& routine, const std::function<Script()>& script) { play(routine, script); }
+    void quietly(const std::function<void()>& routine)
+    {
+        play(routine, []() -> Script { co_return; });
+    }
+    void expectDoubt(Answer answer)
+    {
+        expectBox("Вы не указали категорию диска, он не будет привязан не к одной из категорий. Продолжить?",
+                  Box::Question, answer);
+    }
+    void expectChangeQuestion(Answer answer)
+    {
+        expectBox("Используйте эту функцию для корректировки принадлежности диска к какой-либо категории при "
+                  "невозможности определить ее верно в автоматическом режиме! Продолжить?",
+                  Box::Question, answer);
+    }
+    QString stored() { return ReadSkipCD(program, "BADD15C"); }
+};
+
+}
+
+TEST_F(Category, IsAskedOnceAndRemembered)
+{
+    during([&] { EXPECT_EQ(GetDiskIDcheck(program, drive), "DVD"); },
+           [&]() -> Script {
+               EXPECT_EQ(windowName(), "frmSelectCategory");
+               EXPECT_EQ(shown("lblInfo"), "Укажите верную категорию:");
+               EXPECT_TRUE(checked("optAD"));
+               co_await picture("frmSelectCategory");
+               co_await click("optDVD");
+               co_await click("imgButton_0");
+           });
+    EXPECT_EQ(stored(), "DVD");
+    EXPECT_FALSE(program.shared.DialogDone);
+    quietly([&] {
+        EXPECT_EQ(GetDiskID(program, drive), "BADD15C");
+        EXPECT_EQ(GetDiskIDcheck(program, drive), "DVD");
+    });
+    EXPECT_EQ(program.shared.CurrentDiscID, "");
+}
+
+TEST_F(Category, RefusedAndConfirmedMakesTheDiscNoMedium)
+{
+    expectDoubt(Answer::Yes);
+    during([&] { EXPECT_EQ(GetDiskID(program, drive), ""); }, [&]() -> Script { co_await key(Qt::Key_Escape); });
+    EXPECT_EQ(stored(), "n/a");
+    quietly([&] { EXPECT_EQ(GetDiskIDcheck(program, drive), ""); });
+}
+
+TEST_F(Category, RefusedByMistakeIsAskedAgainWithTheSameChoice)
+{
+    expectDoubt(Answer::No);
+    expectForm("frmSelectCategory");
+    during([&] { Guarded(program, "test"_L1, [&] { EXPECT_EQ(GetDiskIDcheck(program, drive), "PcCD"); }); },
+           [&]() -> Script {
+               co_await click("optPC");
+               co_await click("imgButton_1");
+               EXPECT_TRUE(checked("optPC"));
+               co_await click("imgButton_0");
+           });
+    EXPECT_EQ(stored(), "PC");
+}
+
+TEST_F(Category, ADiscWithoutSerialIsAskedAboutEachTimeAndNothingIsStored)
+{
+    d.medium->properties.serial = 0;
+    const auto choose = [&]() -> Script { co_await click("imgButton_0"); };
+    for (int time = 0; time < 2; ++time)
+        during(
+            [&] {
+                const DiscInDrive disc = ReadDisc(program, drive);
+                EXPECT_EQ(disc.kind, "AudioCD");
+                EXPECT_EQ(disc.id, "");
+            },
+            choose);
+    EXPECT_TRUE(program.skipcd().keys(u"CD").isEmpty());
+}
+
+TEST_F(Category, IsTakenFromTheDriveAfreshAndEmptyWithoutOne)
+{
+    d.medium = FakeDisc::data("GAMES", 0x12);
+    EXPECT_EQ(GetDiskIDcheck(program, drive), "PcCD");
+    d.medium.reset();
+    EXPECT_EQ(GetDiskID(program, drive), "");
+    EXPECT_EQ(GetDiskID(program, "Q:\\"), "");
+    EXPECT_EQ(GetDiskID(program, ""), "");
+    EXPECT_EQ(d.glances, 0);
+    EXPECT_EQ(GetCDDrives(program), "DV");
+}
+
+TEST_F(Category, CorrectedByHandStopsTheWatchAndStoresTheAnswer)
+{
+    d.medium = FakeDisc::dvd("FILM", 0xF11);
+    program.shared.CurrentDiscID = u"OTHER"_s;
+    int stops = 0;
+    bool asked = false;
+    const auto change = [&] { asked = ChangeCategory(program, drive, [&] { ++stops; }); };
+
+    expectChangeQuestion(Answer::No);
+    quietly(change);
+    EXPECT_EQ(stops, 0);
+    EXPECT_FALSE(asked);
+
+    expectChangeQuestion(Answer::Yes);
+    during(change, [&]() -> Script {
+        co_await click("optPC");
+        co_await click("imgButton_0");
+    });
+    EXPECT_EQ(stops, 1);
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(program.skipcd().keys(u"CD"), QStringList{"F11"}) << "no other disc is touched";
+    EXPECT_EQ(GetDiskIDcheck(program, drive), "PcCD");
+}
+
+TEST_F(Category, CannotBeCorrectedForADiscThatCountsAsNone)
+{
+    program.skipcd().write(u"CD", u"BADD15C", "n/a");
+    int stops = 0;
+    expectChangeQuestion(Answer::Yes);
+    expectBox("В устройстве D:\\ компакт-диск не обнаружен!");
+    quietly([&] { EXPECT_FALSE(ChangeCategory(program, drive, [&] { ++stops; })); });
+    EXPECT_EQ(stops, 1) << "the watch stays stopped";
+}

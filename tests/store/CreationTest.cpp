@@ -1,0 +1,206 @@
+#include "harness/ScreenTest.h"
+#include "platform/Files.h"
+#include "store/DatabaseSet.h"
+#include "store/Reanimator.h"
+#include "store/StartUp.h"
+
+#include <QDir>
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+class Creation : public ScreenTest {
+protected:
+    void during(const std::function<void()>& routine)
+    {
+        play(routine, []() -> Script { co_return; });
+    }
+    void lose(const QString& database)
+    {
+        engine.Release(database);
+        DeleteFile(database);
+    }
+    int errorOf(const QString& statement)
+    {
+        try {
+            program.mainDatabase().Execute(statement);
+            return 0;
+        } catch (const RuntimeError& error) {
+            return error.number();
+        }
+    }
+    /// A list in each of the two list databases.
+    void shelve()
+    {
+        shelf.audio(1, "Кино").list(1, "AAAA", {"Группа крови"});
+        shelf.computer(1, "Debian").list(1, "CCCC", {"\\README"});
+    }
+    QString fileTables() { return program.filesDatabase().TableNames().join(' '); }
+    QString trackTables() { return program.tracksDatabase().TableNames().join(' '); }
+    static QString question(const QString& folder)
+    {
+        return u"Папка '%1' не существует!\n\nВосстановить путь к локальной базе данных?"_s.arg(folder);
+    }
+};
+
+/// Files of this process cannot grow beyond `bytes` meanwhile, as on a full disk.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+
+private:
+    rlimit m_before;
+    void (*m_handler)(int);
+};
+
+}
+
+TEST_F(Creation, FillsDictionariesInOrderWithNothingChosenAsKey1)
+{
+    EXPECT_EQ(rows("SELECT COUNT(*), MAX(КодСтиля) FROM Стиль"), "31 | 31\n");
+    EXPECT_EQ(rows("SELECT COUNT(*), MAX(КодОписания) FROM Описание"), "23 | 23\n");
+    EXPECT_EQ(rows("SELECT * FROM Жанр"),
+              "1 | \n2 | Боевик\n3 | Фантастика\n4 | Комедия\n5 | Мультфильм\n6 | Ужасы\n7 | Мистика\n8 | Мелодрама\n"
+              "9 | Исторический\n10 | Триллер\n");
+    EXPECT_EQ(rows("SELECT * FROM ФорматЗвука WHERE КодФорматЗвука = 1"), "1 | Dolby Digital 2.0\n");
+    EXPECT_EQ(fileRows("SELECT * FROM Фильтр2"), ".exe | -1\n.zip | -1\n.rar | -1\n");
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM _Информация"), "0\n");
+    EXPECT_EQ(trackTables(), "");
+}
+
+TEST_F(Creation, NewRowsHaveTheirDefaults)
+{
+    const Database main = program.mainDatabase();
+    for (const char* table : {"Аудио", "Компьютер", "DVD"})
+        main.Execute(u"INSERT INTO %1 (Номер) VALUES (1)"_s.arg(table));
+    EXPECT_EQ(rows("SELECT ДатаЗаписи, ДатаИзменения, Должник FROM Аудио"), "2003-11-14 | 2003-11-14 | 0\n");
+    EXPECT_EQ(rows("SELECT ДатаЗаписи, ДатаИзменения, Должник FROM Компьютер"), "2003-11-14 | Null | 0\n");
+    EXPECT_EQ(rows("SELECT ДатаЗаписи, ДатаИзменения, Должник FROM DVD"), "2003-11-14 | 2003-11-14 | 0\n");
+    main.Execute(u"INSERT INTO Должники (Категория) VALUES ('AD')");
+    EXPECT_EQ(rows("SELECT Долг, ДатаВыдачи, ДатаВозврата FROM Должники"), "-1 | 2003-11-14 | Null\n");
+}
+
+TEST_F(Creation, RelationsCascadeAndRefuse)
+{
+    shelf.audio(1, "Кино").of("Rock").lent("Иванов", "2003-01-02");
+    EXPECT_EQ(errorOf("DELETE FROM Стиль WHERE Стиль = 'Rock'"), DaoErrorNumber::ReferredTo);
+    EXPECT_EQ(errorOf("UPDATE Стиль SET КодСтиля = 500 WHERE Стиль = 'Rock'"), 0);
+    EXPECT_EQ(rows("SELECT КодСтиля FROM Аудио"), "500\n");
+    EXPECT_EQ(errorOf("DELETE FROM ИменаДолжников"), 0);
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Должники"), "0\n");
+}
+
+TEST_F(Creation, EmptyTextIsTakenOnlyWhereItIsAllowed)
+{
+    EXPECT_EQ(errorOf("INSERT INTO Аудио (Альбом) VALUES ('')"), 0);
+    EXPECT_EQ(errorOf("INSERT INTO Аудио (Название) VALUES ('')"), DaoErrorNumber::EmptyTextNotAllowed);
+    EXPECT_EQ(errorOf("INSERT INTO DVD (Год) VALUES ('')"), DaoErrorNumber::EmptyTextNotAllowed);
+    EXPECT_EQ(errorOf("INSERT INTO Должники (Категория) VALUES ('ABCD')"), DaoErrorNumber::TextTooLong);
+}
+
+TEST_F(Creation, OfTheMainDatabaseTakesTheListsWithIt)
+{
+    shelve();
+    lose(program.shared.MainDBPath);
+    PrepareDatabases(program);
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Аудио"), "0\n");
+    EXPECT_EQ(fileTables(), "Фильтр1 Фильтр2");
+    EXPECT_EQ(trackTables(), "");
+}
+
+TEST_F(Creation, OfOneListDatabaseTouchesNoOther)
+{
+    shelve();
+    EXPECT_FALSE(Reanimator(program, 1));
+    EXPECT_EQ(fileTables(), "Фильтр1 Фильтр2");
+    EXPECT_EQ(trackTables(), "AAAA");
+
+    shelf.computer(2, "Slackware").list(1, "DDDD", {"\\README"});
+    lose(program.shared.TracksDBPath);
+    PrepareDatabases(program);
+    EXPECT_EQ(fileTables(), "Фильтр1 Фильтр2 DDDD");
+    EXPECT_EQ(trackTables(), "");
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Аудио"), "1\n");
+}
+
+TEST_F(Creation, OverAnExistingMainDatabaseIsAFaultThatCostsNothing)
+{
+    shelve();
+    expectFault("vinoraModule, Reanimator()");
+    during([&] { Reanimator(program, 0); });
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Аудио"), "1\n");
+    EXPECT_EQ(fileTables(), "Фильтр1 Фильтр2 CCCC");
+}
+
+TEST_F(Creation, InAReadOnlyFolderIsToldAndGivenBack)
+{
+    UseDatabaseFolder(program, "/sys"); // where not even root can create a file
+    bool readOnly = false;
+    expectBox("Папка '/sys' доступна только для чтения!");
+    during([&] { readOnly = Reanimator(program, 0); });
+    EXPECT_TRUE(readOnly);
+}
+
+TEST_F(Creation, InAMissingFolderOffersTheApplicationFolder)
+{
+    lose(program.shared.TracksDBPath);
+    shelf.dvd(1, "Солярис");
+    UseDatabaseFolder(program, path("нет"));
+    expectBox(question(path("нет")), Box::Warning, Answer::Yes);
+    during([&] { EXPECT_FALSE(Reanimator(program, 0)); });
+    EXPECT_EQ(ReadPathLocalDB(program), folder.path());
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM DVD"), "1\n");
+    EXPECT_EQ(trackTables(), "");
+
+    UseDatabaseFolder(program, path("нет"));
+    expectBox(question(path("нет")), Box::Warning, Answer::No);
+    expectEnd();
+    during([&] { Reanimator(program, 2); });
+}
+
+TEST_F(Creation, OnAFullDiskLeavesNoHalfMadeDatabase)
+{
+    lose(program.shared.MainDBPath);
+    expectFault("vinoraModule, Reanimator()");
+    {
+        const FileSizeLimit limit(16 << 10);
+        during([&] { PrepareDatabases(program); });
+    }
+    EXPECT_FALSE(FileExists(program.shared.MainDBPath));
+}
+
+TEST_F(Creation, AtTheFirstStartHappensInTheUsersFolder)
+{
+    QDir(folder.path()).mkdir("базы");
+    ASSERT_TRUE(WritePathLocalDB(program, path("базы")));
+    SetFilePaths(program);
+    PrepareDatabases(program);
+    EXPECT_EQ(program.shared.MainDBPath, path("базы/vinora.db"));
+    EXPECT_EQ(QDir(path("базы")).entryList({"*.db"}, QDir::Files, QDir::Name).join(' '),
+              "vinora.db vinora_files.db vinora_tracks.db");
+}
+
+TEST_F(Creation, WithAnUnreachableFolderAsksAndGoesOnInTheApplicationFolderOrEnds)
+{
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        ASSERT_TRUE(WritePathLocalDB(program, path("нет")));
+        SetFilePaths(program);
+        expectBox(question(path("нет")), Box::Warning, answer);
+        if (answer == Answer::No) expectEnd();
+        during([&] { PrepareDatabases(program); });
+        EXPECT_EQ(ReadPathLocalDB(program), answer == Answer::No ? path("нет") : folder.path());
+    }
+    EXPECT_EQ(program.shared.MainDBPath, path("vinora.db"));
+}
