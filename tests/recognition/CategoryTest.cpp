@@ -61,7 +61,6 @@ TEST_F(Category, RefusedAndConfirmedMakesTheDiscNoMedium)
 TEST_F(Category, RefusedByMistakeIsAskedAgainWithTheSameChoice)
 {
     expectDoubt(Answer::No);
-    expectForm("frmSelectCategory");
     during([&] { Guarded(program, "test"_L1, [&] { EXPECT_EQ(GetDiskIDcheck(program, drive), "PcCD"); }); },
            [&]() -> Script {
                co_await click("optPC");

@@ -167,7 +167,7 @@ TEST_F(Creation, InAMissingFolderOffersTheApplicationFolder)
     UseDatabaseFolder(program, path("нет"));
     expectBox(question(path("нет")), Box::Warning, Answer::No);
     expectEnd();
-    during([&] { Reanimator(program, 2); });
+    during([&] { Reanimator(program, 0); });
 }
 
 TEST_F(Creation, OnAFullDiskLeavesNoHalfMadeDatabase)
