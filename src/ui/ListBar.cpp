@@ -1,13 +1,16 @@
 #include "ui/ListBar.h"
 
 #include "ui/ListBarRows.h"
+#include "ui/Theme.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 struct ListBar::Group {
     QString key;
@@ -47,6 +50,7 @@ ListBar::ListBar(QWidget* parent) : QScrollArea(parent)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     auto* rows = new QWidget;
     m_column = closeColumn(rows);
+    m_column->setContentsMargins(0, fontMetrics().height() / 2, 0, 0);
     m_column->addStretch();
     setWidget(rows);
     rows->setAutoFillBackground(false);
@@ -211,6 +215,15 @@ void ListBar::contextMenuEvent(QContextMenuEvent* event)
     const auto* item = dynamic_cast<ListBarItem*>(row);
     emit contextMenu(group ? group->key : QString(), item ? item->caption() : QString(), at);
     event->accept();
+}
+
+// A hairline parts the bar from what stands beside it.
+void ListBar::paintEvent(QPaintEvent*)
+{
+    QPainter painter(viewport());
+    painter.setPen(Theme::hairline(palette()));
+    const int edge = layoutDirection() == Qt::RightToLeft ? 0 : viewport()->width() - 1;
+    painter.drawLine(edge, 0, edge, viewport()->height());
 }
 
 ListBar::Group* ListBar::find(const QString& key) const

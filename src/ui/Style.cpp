@@ -2,12 +2,14 @@
 
 #include "platform/Literals.h"
 #include "ui/Card.h"
+#include "ui/Icons.h"
 #include "ui/Strokes.h"
 #include "ui/Theme.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QPainter>
@@ -16,6 +18,7 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QTabWidget>
+#include <QTextCharFormat>
 #include <QTimerEvent>
 
 int StyleMeasure::line(const QStyleOption* option, const QWidget* widget)
@@ -90,6 +93,44 @@ void Style::polish(QPalette& palette)
     if (!m_scheme.isEmpty() || unasked) palette = Theme::palette(m_scheme);
 }
 
+// The pictures of boxes and choosers, from the same hand as all others.
+QIcon Style::standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const
+{
+    const QPalette palette = QApplication::palette();
+    switch (picture) {
+    case SP_MessageBoxInformation: return icon(u"info"_s);
+    case SP_MessageBoxQuestion: return icon(u"help"_s);
+    case SP_MessageBoxWarning: return catalogueIcon(u"warning"_s, 2);
+    case SP_MessageBoxCritical: return icon(u"error"_s, Theme::danger(palette));
+    case SP_DirIcon:
+    case SP_DirClosedIcon:
+    case SP_DirLinkIcon: return icon(u"folder"_s);
+    case SP_DirOpenIcon: return icon(u"folder-open"_s);
+    case SP_DirHomeIcon:
+    case SP_DesktopIcon: return icon(u"open-local"_s);
+    case SP_FileIcon:
+    case SP_FileLinkIcon: return icon(u"file"_s);
+    case SP_ComputerIcon:
+    case SP_DriveHDIcon:
+    case SP_DriveFDIcon:
+    case SP_DriveNetIcon: return icon(u"drive"_s);
+    case SP_DriveCDIcon:
+    case SP_DriveDVDIcon: return icon(u"disc"_s);
+    case SP_FileDialogBack:
+    case SP_ArrowBack: return icon(u"arrow-left"_s);
+    case SP_ArrowForward: return icon(u"arrow-right"_s);
+    case SP_FileDialogToParent: return icon(u"arrow-up"_s);
+    case SP_FileDialogNewFolder: return icon(u"folder-add"_s);
+    case SP_FileDialogListView: return icon(u"list-all"_s);
+    case SP_FileDialogDetailedView: return icon(u"details"_s);
+    case SP_LineEditClearButton: return icon(u"close"_s);
+    // The calendar's, on the accent.
+    case SP_ArrowLeft: return icon(u"arrow-left"_s, palette.color(QPalette::HighlightedText));
+    case SP_ArrowRight: return icon(u"arrow-right"_s, palette.color(QPalette::HighlightedText));
+    default: return QProxyStyle::standardIcon(picture, option, widget);
+    }
+}
+
 void Style::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
@@ -97,6 +138,12 @@ void Style::polish(QWidget* widget)
         widget->inherits("QAbstractSlider") || widget->inherits("QTabBar") || widget->inherits("QLineEdit"))
         widget->setAttribute(Qt::WA_Hover);
     if (qobject_cast<QScrollBar*>(widget)) widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
+    if (auto* calendar = qobject_cast<QCalendarWidget*>(widget)) {
+        QTextCharFormat weekend;
+        weekend.setForeground(Theme::danger(calendar->palette()));
+        for (auto day : {Qt::Saturday, Qt::Sunday}) calendar->setWeekdayTextFormat(day, weekend);
+        calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    }
     if (qobject_cast<QProgressBar*>(widget)) {
         m_bars.append(widget);
         if (!m_busy.isActive()) m_busy.start(BusyStep, this);
@@ -239,7 +286,12 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
         const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
         return QSize(size.width() + qRound(h * 0.3), qMax(size.height(), qRound(h * 1.5)));
     }
-    case CT_ToolButton: return contents + QSize(qRound(h * 0.6), qRound(h * 0.55));
+    case CT_ToolButton: {
+        const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+        const bool wordy = button && button->toolButtonStyle == Qt::ToolButtonTextBesideIcon;
+        return contents + QSize(qRound(h * (wordy ? 0.9 : 0.6)), qRound(h * 0.55));
+    }
+    case CT_GroupBox: return contents + QSize(h, h / 2);
     case CT_ItemViewItem: {
         const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
         return QSize(size.width(), qMax(size.height(), qRound(h * 1.7)));
@@ -273,10 +325,6 @@ QRect Style::subElementRect(SubElement element, const QStyleOption* option, cons
     case SE_PushButtonFocusRect: return option->rect;
     case SE_CheckBoxFocusRect:
     case SE_RadioButtonFocusRect: return option->rect;
-    case SE_TabBarTabText: {
-        QRect rect = QProxyStyle::subElementRect(element, option, widget);
-        return rect;
-    }
     default: return QProxyStyle::subElementRect(element, option, widget);
     }
 }
@@ -285,6 +333,8 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
                             const QWidget* widget) const
 {
     if (control == CC_ComboBox) return comboBoxRect(*option, part);
+    if (const auto* box = qstyleoption_cast<const QStyleOptionGroupBox*>(option); box && control == CC_GroupBox)
+        return groupBoxRect(*box, part);
     if (const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option); spin && control == CC_SpinBox)
         return spinBoxRect(*spin, part);
     if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option); bar && control == CC_ScrollBar)
@@ -314,6 +364,8 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     } else if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
         if (element == CE_MenuItem) return drawMenuItem(*item, *painter, widget);
         if (element == CE_MenuBarItem) return drawMenuBarItem(*item, *painter);
+    } else if (const auto* tool = qstyleoption_cast<const QStyleOptionToolButton*>(option)) {
+        if (element == CE_ToolButtonLabel && drawToolButtonLabel(*tool, *painter, widget)) return;
     } else if (const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option)) {
         if (element == CE_HeaderSection) return drawHeaderSection(*header, *painter);
         if (element == CE_HeaderLabel) {
@@ -331,6 +383,7 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
         if (element == CE_TabBarTabShape) return drawTab(*tab, *painter);
         if (element == CE_TabBarTabLabel) {
             QStyleOptionTab quiet = *tab;
+            quiet.state &= ~State_HasFocus; // the shape shows it
             if (!(tab->state & State_Selected) && tab->state & State_Enabled)
                 quiet.palette.setColor(QPalette::WindowText, Theme::subdued(option->palette));
             return QProxyStyle::drawControl(element, &quiet, painter, widget);
@@ -361,6 +414,8 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
         return drawComboBox(*combo, *painter, widget);
     if (const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option); spin && control == CC_SpinBox)
         return drawSpinBox(*spin, *painter, widget);
+    if (const auto* box = qstyleoption_cast<const QStyleOptionGroupBox*>(option); box && control == CC_GroupBox)
+        return drawGroupBox(*box, *painter, widget);
     if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
         if (control == CC_Slider) return drawSlider(*slider, *painter, widget);
         if (control == CC_ScrollBar) return drawScrollBar(*slider, *painter, widget);

@@ -6,12 +6,14 @@
 
 class QStyleOptionButton;
 class QStyleOptionComboBox;
+class QStyleOptionGroupBox;
 class QStyleOptionHeader;
 class QStyleOptionMenuItem;
 class QStyleOptionProgressBar;
 class QStyleOptionSlider;
 class QStyleOptionSpinBox;
 class QStyleOptionTab;
+class QStyleOptionToolButton;
 class QStyleOptionViewItem;
 
 /// How every control is drawn and measured: Fusion's behaviour under a face of our own. All sizes come from the font, all
@@ -32,6 +34,7 @@ public:
     using QProxyStyle::polish;
     using QProxyStyle::unpolish;
 
+    QIcon standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* answer) const override;
@@ -65,12 +68,15 @@ private:
     void drawSpinBox(const QStyleOptionSpinBox& option, QPainter& painter, const QWidget* widget) const;
     void drawSlider(const QStyleOptionSlider& option, QPainter& painter, const QWidget* widget) const;
     void drawProgressBar(const QStyleOptionProgressBar& option, QPainter& painter) const;
+    void drawGroupBox(const QStyleOptionGroupBox& option, QPainter& painter, const QWidget* widget) const;
+    QRect groupBoxRect(const QStyleOptionGroupBox& option, SubControl part) const;
     QRect comboBoxRect(const QStyleOptionComplex& option, SubControl part) const;
     QRect spinBoxRect(const QStyleOptionSpinBox& option, SubControl part) const;
 
     void drawMenuItem(const QStyleOptionMenuItem& option, QPainter& painter, const QWidget* widget) const;
     void drawMenuBarItem(const QStyleOptionMenuItem& option, QPainter& painter) const;
     void drawHeaderSection(const QStyleOptionHeader& option, QPainter& painter) const;
+    bool drawToolButtonLabel(const QStyleOptionToolButton& option, QPainter& painter, const QWidget* widget) const;
     void drawTab(const QStyleOptionTab& option, QPainter& painter) const;
     void drawViewItem(const QStyleOptionViewItem& option, QPainter& painter, const QWidget* widget) const;
     void drawScrollBar(const QStyleOptionSlider& option, QPainter& painter, const QWidget* widget) const;

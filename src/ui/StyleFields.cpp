@@ -42,11 +42,15 @@ void drawMark(QPainter& painter, const QStyleOption* option, bool round)
     const qreal side = qMin(box.width(), box.height());
     box = QRectF(box.center().x() - side / 2, box.center().y() - side / 2, side, side);
 
-    QColor fill = palette.color(QPalette::Base), line = Theme::mix(edge(option), palette.color(QPalette::WindowText), 0.12);
+    QColor fill = palette.color(QPalette::Base),
+           line = Theme::mix(edge(option), palette.color(QPalette::WindowText), 0.12);
     const QColor highlight = palette.color(QPalette::Highlight);
     if (!enabled) fill = Theme::mix(fill, palette.color(QPalette::Window), 0.65);
-    if (on || partly) fill = line = enabled ? highlight : Theme::mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.55);
-    if (enabled && has(option, QStyle::State_Sunken)) fill = Theme::mix(fill, palette.color(QPalette::WindowText), 0.15);
+    if (on || partly)
+        fill = line = enabled ? highlight
+                              : Theme::mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.55);
+    if (enabled && has(option, QStyle::State_Sunken))
+        fill = Theme::mix(fill, palette.color(QPalette::WindowText), 0.15);
     const bool focused = enabled && has(option, QStyle::State_HasFocus);
     if (enabled && (focused || has(option, QStyle::State_MouseOver)) && !on && !partly) line = highlight;
     Strokes::roundRect(painter, box, round ? side / 2 : side * 0.26, fill, line, focused ? 1.6 : 1);
@@ -92,7 +96,8 @@ void drawToolButton(QPainter& painter, const QStyleOption* option)
     } else if (has(option, QStyle::State_On)) {
         Strokes::roundRect(painter, rect, radius(option), Theme::mix(ground, highlight, 0.18));
     } else if (has(option, QStyle::State_MouseOver)) {
-        Strokes::roundRect(painter, rect, radius(option), Theme::mix(ground, palette.color(QPalette::WindowText), 0.08));
+        Strokes::roundRect(painter, rect, radius(option),
+                           Theme::mix(ground, palette.color(QPalette::WindowText), 0.08));
     }
 }
 
@@ -111,19 +116,14 @@ bool Style::drawFieldPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_FrameLineEdit: return true;
     case PE_Frame: drawFrame(*painter, option, widget); return true;
     case PE_FrameGroupBox:
-        Strokes::roundRect(*painter, option->rect, radius(option) * 1.4, Theme::card(palette), Theme::hairline(palette));
+        Strokes::roundRect(*painter, option->rect, radius(option) * 1.4, Theme::card(palette),
+                           Theme::hairline(palette));
         return true;
     case PE_IndicatorCheckBox:
     case PE_IndicatorItemViewItemCheck: drawMark(*painter, option, false); return true;
     case PE_IndicatorRadioButton: drawMark(*painter, option, true); return true;
     case PE_PanelButtonTool: drawToolButton(*painter, option); return true;
     case PE_FrameDefaultButton: return true;
-    case PE_FrameFocusRect:
-        if (has(option, State_KeyboardFocusChange) && !qobject_cast<const QAbstractButton*>(widget))
-            return drawListPrimitive(element, option, painter, widget);
-        if (has(option, State_KeyboardFocusChange))
-            Strokes::roundRect(*painter, option->rect, radius(option), {}, palette.color(QPalette::Highlight), 1.5);
-        return true;
     case PE_IndicatorArrowUp:
     case PE_IndicatorArrowDown:
     case PE_IndicatorArrowLeft:
@@ -131,7 +131,8 @@ bool Style::drawFieldPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_IndicatorSpinUp:
     case PE_IndicatorSpinDown: {
         const qreal size = qMin(line(option) * 0.5, qMin(option->rect.width(), option->rect.height()) * 0.9);
-        const QColor colour = has(option, State_Enabled) ? Theme::subdued(palette) : palette.color(QPalette::ButtonText);
+        const QColor colour = has(option, State_Enabled) ? Theme::subdued(palette)
+                                                         : palette.color(QPalette::ButtonText);
         Strokes::chevron(*painter, option->rect, towardsOf(element), size, colour);
         return true;
     }
@@ -182,7 +183,8 @@ void Style::drawButtonLabel(const QStyleOptionButton& option, QPainter& painter,
 
     const int gap = option.icon.isNull() || option.text.isEmpty() ? 0 : qRound(h * 0.4);
     const QSize picture = option.icon.isNull() ? QSize(0, 0) : option.iconSize;
-    const int textWidth = option.text.isEmpty() ? 0 : option.fontMetrics.size(Qt::TextShowMnemonic, option.text).width();
+    const int textWidth = option.text.isEmpty() ? 0
+                                                : option.fontMetrics.size(Qt::TextShowMnemonic, option.text).width();
     int left = rect.left() + qMax(2, (rect.width() - picture.width() - gap - textWidth) / 2);
     if (!option.icon.isNull()) {
         const QRect place(left, rect.top() + (rect.height() - picture.height()) / 2, picture.width(), picture.height());
@@ -194,6 +196,46 @@ void Style::drawButtonLabel(const QStyleOptionButton& option, QPainter& painter,
     const QRect words(left, rect.top(), rect.right() - left, rect.height());
     drawItemText(&painter, visualRect(option.direction, rect, words), flags, option.palette, enabled, option.text,
                  filled ? QPalette::HighlightedText : QPalette::ButtonText);
+}
+
+// The title stands above its card.
+QRect Style::groupBoxRect(const QStyleOptionGroupBox& option, SubControl part) const
+{
+    const int h = line(&option);
+    const bool ticked = option.subControls & SC_GroupBoxCheckBox;
+    const bool titled = ticked || !option.text.isEmpty();
+    const QRect& all = option.rect;
+    const QRect title(all.left(), all.top(), all.width(), titled ? qRound(h * 1.4) : 0);
+    const QRect mark(title.left(), title.top() + (title.height() - h) / 2, h, h);
+    const QRect frame = all.adjusted(0, title.height(), 0, 0);
+    const int start = ticked ? mark.right() + h / 2 : title.left() + 1;
+    QRect rect = all;
+    switch (part) {
+    case SC_GroupBoxCheckBox: rect = mark; break;
+    case SC_GroupBoxLabel:
+        rect = QRect(start, title.top(), option.fontMetrics.size(Qt::TextShowMnemonic, option.text).width() + 2,
+                     title.height());
+        break;
+    case SC_GroupBoxContents: rect = frame.adjusted(1, 1, -1, -1); break;
+    case SC_GroupBoxFrame: rect = frame; break;
+    default: break;
+    }
+    return visualRect(option.direction, all, rect);
+}
+
+void Style::drawGroupBox(const QStyleOptionGroupBox& option, QPainter& painter, const QWidget* widget) const
+{
+    QStyleOption part = option;
+    part.rect = groupBoxRect(option, SC_GroupBoxFrame);
+    if (!(option.features & QStyleOptionFrame::Flat)) drawPrimitive(PE_FrameGroupBox, &part, &painter, widget);
+    if (option.subControls & SC_GroupBoxCheckBox) {
+        part.rect = groupBoxRect(option, SC_GroupBoxCheckBox);
+        drawPrimitive(PE_IndicatorCheckBox, &part, &painter, widget);
+    }
+    int flags = Qt::AlignCenter | Qt::TextSingleLine;
+    flags |= styleHint(SH_UnderlineShortcut, &option, widget, nullptr) ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+    drawItemText(&painter, groupBoxRect(option, SC_GroupBoxLabel), flags, option.palette, option.state & State_Enabled,
+                 option.text, QPalette::WindowText);
 }
 
 QRect Style::comboBoxRect(const QStyleOptionComplex& option, SubControl part) const
@@ -210,7 +252,8 @@ void Style::drawComboBox(const QStyleOptionComboBox& option, QPainter& painter, 
     drawFieldBox(painter, &option, option.editable || option.state & State_Enabled);
     const QRect arrow = subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, widget);
     const bool enabled = option.state & State_Enabled;
-    const QColor colour = enabled ? Theme::mix(option.palette.color(QPalette::WindowText), option.palette.color(QPalette::Base), 0.25)
+    const QColor colour = enabled ? Theme::mix(option.palette.color(QPalette::WindowText),
+                                               option.palette.color(QPalette::Base), 0.25)
                                   : option.palette.color(QPalette::WindowText);
     Strokes::chevron(painter, arrow, Strokes::Towards::Down, line(&option) * 0.52, colour);
 }
@@ -264,7 +307,8 @@ void Style::drawSpinBox(const QStyleOptionSpinBox& option, QPainter& painter, co
             Strokes::roundRect(painter, rect, radius(&option) / 2.0,
                                Theme::mix(palette.color(QPalette::Base), palette.color(QPalette::WindowText),
                                           option.state & State_Sunken ? 0.2 : 0.09));
-        const QColor ink = Theme::mix(palette.color(QPalette::WindowText), palette.color(QPalette::Base), able ? 0.25 : 0.65);
+        const QColor ink = Theme::mix(palette.color(QPalette::WindowText), palette.color(QPalette::Base),
+                                      able ? 0.25 : 0.65);
         Strokes::chevron(painter, rect, towards, line(&option) * 0.42, ink);
     };
     button(SC_SpinBoxUp, QAbstractSpinBox::StepUpEnabled, Strokes::Towards::Up);
@@ -286,7 +330,8 @@ void Style::drawSlider(const QStyleOptionSlider& option, QPainter& painter, cons
     groove = upright ? QRectF(handle.center().x() - thick / 2, groove.top(), thick, groove.height())
                      : QRectF(groove.left(), handle.center().y() - thick / 2, groove.width(), thick);
     const QColor rest = Theme::mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.16);
-    const QColor done = enabled ? palette.color(QPalette::Highlight) : Theme::mix(rest, palette.color(QPalette::WindowText), 0.2);
+    const QColor done = enabled ? palette.color(QPalette::Highlight)
+                                : Theme::mix(rest, palette.color(QPalette::WindowText), 0.2);
     Strokes::roundRect(painter, groove, thick, rest);
     QRectF filled = groove;
     if (upright) {
@@ -300,8 +345,8 @@ void Style::drawSlider(const QStyleOptionSlider& option, QPainter& painter, cons
     const qreal side = qMin(handle.width(), handle.height());
     QRectF knob(0, 0, side, side);
     knob.moveCenter(handle.center());
-    Strokes::roundRect(painter, knob, side, enabled ? QColor(Qt::white) : palette.color(QPalette::Window), focused ? done : edge(&option),
-                       focused ? 2 : 1);
+    Strokes::roundRect(painter, knob, side, enabled ? QColor(Qt::white) : palette.color(QPalette::Window),
+                       focused ? done : edge(&option), focused ? 2 : 1);
     if (enabled) Strokes::roundRect(painter, knob.adjusted(side / 3, side / 3, -side / 3, -side / 3), side, done);
 }
 
@@ -313,12 +358,13 @@ void Style::drawProgressBar(const QStyleOptionProgressBar& option, QPainter& pai
     if (option.textVisible && !option.text.isEmpty()) {
         const int words = option.fontMetrics.horizontalAdvance(option.text) + padding(&option);
         const QRect place = option.rect.adjusted(option.rect.width() - words, 0, 0, 0);
-        drawItemText(&painter, visualRect(option.direction, option.rect, place), Qt::AlignRight | Qt::AlignVCenter, palette,
-                     option.state & State_Enabled, option.text, QPalette::WindowText);
+        drawItemText(&painter, visualRect(option.direction, option.rect, place), Qt::AlignRight | Qt::AlignVCenter,
+                     palette, option.state & State_Enabled, option.text, QPalette::WindowText);
         bar = visualRect(option.direction, option.rect, option.rect.adjusted(0, 0, -words, 0));
     }
     bar = QRectF(bar.left(), bar.center().y() - thick / 2, bar.width(), thick);
-    Strokes::roundRect(painter, bar, thick, Theme::mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.12));
+    Strokes::roundRect(painter, bar, thick,
+                       Theme::mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.12));
 
     const QColor colour = palette.color(QPalette::Highlight);
     if (option.minimum == option.maximum) {
@@ -326,7 +372,8 @@ void Style::drawProgressBar(const QStyleOptionProgressBar& option, QPainter& pai
         now.start();
         const qreal part = bar.width() / 4, turn = (now.msecsSinceReference() % 1600) / 1600.0;
         const qreal swing = (1 - std::cos(turn * 2 * M_PI)) / 2;
-        return Strokes::roundRect(painter, QRectF(bar.left() + swing * (bar.width() - part), bar.top(), part, thick), thick, colour);
+        return Strokes::roundRect(painter, QRectF(bar.left() + swing * (bar.width() - part), bar.top(), part, thick),
+                                  thick, colour);
     }
     const qreal share = qBound(0.0, (option.progress - option.minimum) / (qreal(option.maximum) - option.minimum), 1.0);
     if (share <= 0) return;

@@ -47,7 +47,8 @@ void drawBranch(QPainter& painter, const QStyleOption* option)
 void drawHandle(QPainter& painter, const QStyleOption* option)
 {
     const qreal dot = qMax(2.0, line(option) * 0.13), step = dot * 2.2;
-    const QColor colour = Theme::mix(option->palette.color(QPalette::Window), option->palette.color(QPalette::WindowText), 0.3);
+    const QColor colour = Theme::mix(option->palette.color(QPalette::Window),
+                                     option->palette.color(QPalette::WindowText), 0.3);
     const QPointF centre = QRectF(option->rect).center();
     const bool upright = has(option, QStyle::State_Horizontal);
     for (int along = -2; along <= 2; ++along) {
@@ -80,7 +81,8 @@ bool Style::drawListPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_PanelItemViewItem: drawItemGround(*painter, option); return true;
     case PE_PanelItemViewRow: {
         const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
-        if (item && item->features & QStyleOptionViewItem::Alternate) painter->fillRect(option->rect, palette.alternateBase());
+        if (item && item->features & QStyleOptionViewItem::Alternate)
+            painter->fillRect(option->rect, palette.alternateBase());
         if (has(option, State_Selected) && qobject_cast<const QTreeView*>(widget))
             painter->fillRect(option->rect, Theme::selection(palette));
         return true;
@@ -94,9 +96,14 @@ bool Style::drawListPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_IndicatorHeaderArrow: {
         const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
         if (!header || header->sortIndicator == QStyleOptionHeader::None) return true;
+        // The base style puts the arrow at the upper edge.
+        QRect place = option->rect;
+        if (widget && header->orientation == Qt::Horizontal)
+            place = QRect(place.left(), 0, place.width(), widget->height());
         // Qt's "sort up" is the descending order, whose arrow points down.
-        const auto towards = header->sortIndicator == QStyleOptionHeader::SortUp ? Strokes::Towards::Down : Strokes::Towards::Up;
-        Strokes::chevron(*painter, option->rect, towards, line(option) * 0.42, palette.color(QPalette::Highlight));
+        const auto towards = header->sortIndicator == QStyleOptionHeader::SortUp ? Strokes::Towards::Down
+                                                                                 : Strokes::Towards::Up;
+        Strokes::chevron(*painter, place, towards, line(option) * 0.42, palette.color(QPalette::Highlight));
         return true;
     }
     case PE_PanelMenu: painter->fillRect(option->rect, Theme::card(palette)); return true;
@@ -121,7 +128,8 @@ bool Style::drawListPrimitive(PrimitiveElement element, const QStyleOption* opti
         return true;
     }
     case PE_FrameTabWidget:
-        Strokes::roundRect(*painter, option->rect, radius(option) * 1.4, Theme::card(palette), Theme::hairline(palette));
+        Strokes::roundRect(*painter, option->rect, radius(option) * 1.4, Theme::card(palette),
+                           Theme::hairline(palette));
         return true;
     case PE_IndicatorToolBarHandle: drawHandle(*painter, option); return true;
     case PE_IndicatorToolBarSeparator: drawSeparator(*painter, option); return true;
@@ -148,7 +156,9 @@ void Style::drawMenuItem(const QStyleOptionMenuItem& option, QPainter& painter, 
     const QRect mark(rect.left() + h / 2, rect.top() + (rect.height() - side) / 2, side, side);
     const bool checkable = option.checkType != QStyleOptionMenuItem::NotCheckable;
     if (checkable && (option.checked || option.icon.isNull())) {
-        if (option.checked) Strokes::tick(painter, place(mark), enabled ? palette.color(QPalette::Highlight) : palette.color(QPalette::Text));
+        if (option.checked)
+            Strokes::tick(painter, place(mark),
+                          enabled ? palette.color(QPalette::Highlight) : palette.color(QPalette::Text));
     } else if (!option.icon.isNull()) {
         option.icon.paint(&painter, place(mark), Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
     }
@@ -159,11 +169,12 @@ void Style::drawMenuItem(const QStyleOptionMenuItem& option, QPainter& painter, 
     const QString text = option.text.section(u'\t', 0, 0), keys = option.text.section(u'\t', 1);
     int flags = Qt::AlignVCenter | Qt::TextSingleLine;
     flags |= styleHint(SH_UnderlineShortcut, &option, widget, nullptr) ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
-    drawItemText(&painter, place(words), flags | static_cast<int>(visualAlignment(option.direction, Qt::AlignLeft)), palette, enabled, text,
-                 QPalette::WindowText);
+    drawItemText(&painter, place(words), flags | static_cast<int>(visualAlignment(option.direction, Qt::AlignLeft)),
+                 palette, enabled, text, QPalette::WindowText);
     if (!keys.isEmpty()) {
         painter.setPen(enabled ? Theme::subdued(palette) : palette.color(QPalette::WindowText));
-        painter.drawText(place(words), flags | static_cast<int>(visualAlignment(option.direction, Qt::AlignRight)), keys);
+        painter.drawText(place(words), flags | static_cast<int>(visualAlignment(option.direction, Qt::AlignRight)),
+                         keys);
     }
     if (option.menuItemType == QStyleOptionMenuItem::SubMenu) {
         const QRect arrow(rect.right() - right, rect.top(), right, rect.height());
@@ -178,9 +189,11 @@ void Style::drawMenuBarItem(const QStyleOptionMenuItem& option, QPainter& painte
     const bool enabled = option.state & State_Enabled;
     const QColor ground = palette.color(QPalette::Window);
     if (enabled && option.state & State_Sunken) {
-        Strokes::roundRect(painter, option.rect, radius(&option), Theme::mix(ground, palette.color(QPalette::Highlight), 0.2));
+        Strokes::roundRect(painter, option.rect, radius(&option),
+                           Theme::mix(ground, palette.color(QPalette::Highlight), 0.2));
     } else if (enabled && option.state & State_Selected) {
-        Strokes::roundRect(painter, option.rect, radius(&option), Theme::mix(ground, palette.color(QPalette::WindowText), 0.08));
+        Strokes::roundRect(painter, option.rect, radius(&option),
+                           Theme::mix(ground, palette.color(QPalette::WindowText), 0.08));
     }
     int flags = Qt::AlignCenter | Qt::TextSingleLine;
     flags |= styleHint(SH_UnderlineShortcut, &option, nullptr, nullptr) ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
@@ -196,9 +209,32 @@ void Style::drawHeaderSection(const QStyleOptionHeader& option, QPainter& painte
     if (option.orientation == Qt::Vertical) return painter.drawLine(rect.topRight(), rect.bottomRight());
     painter.drawLine(rect.bottomLeft(), rect.bottomRight());
     // A short rule between columns says that they can be widened.
-    const bool last = option.position == QStyleOptionHeader::End || option.position == QStyleOptionHeader::OnlyOneSection;
+    const bool last = option.position == QStyleOptionHeader::End ||
+                      option.position == QStyleOptionHeader::OnlyOneSection;
     const int inset = rect.height() / 4;
     if (!last) painter.drawLine(rect.right(), rect.top() + inset, rect.right(), rect.bottom() - inset);
+}
+
+// Picture and words with more air between them than the base style leaves; all else is the base style's.
+bool Style::drawToolButtonLabel(const QStyleOptionToolButton& option, QPainter& painter, const QWidget* widget) const
+{
+    if (option.toolButtonStyle != Qt::ToolButtonTextBesideIcon || option.icon.isNull() || option.text.isEmpty())
+        return false;
+    const int h = line(&option);
+    const bool enabled = option.state & State_Enabled;
+    const QRect& rect = option.rect;
+    const QRect picture(rect.left() + qRound(h * 0.25), rect.top(), option.iconSize.width(), rect.height());
+    option.icon.paint(&painter, visualRect(option.direction, rect, picture), Qt::AlignCenter,
+                      enabled ? QIcon::Normal : QIcon::Disabled);
+    const QRect words(picture.right() + qRound(h * 0.4), rect.top(), rect.right() - picture.right() - qRound(h * 0.4),
+                      rect.height());
+    int flags = Qt::AlignVCenter | Qt::TextSingleLine |
+                static_cast<int>(visualAlignment(option.direction, Qt::AlignLeft));
+    flags |= styleHint(SH_UnderlineShortcut, &option, widget, nullptr) ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+    painter.setFont(option.font);
+    drawItemText(&painter, visualRect(option.direction, rect, words), flags, option.palette, enabled, option.text,
+                 QPalette::ButtonText);
+    return true;
 }
 
 void Style::drawTab(const QStyleOptionTab& option, QPainter& painter) const
@@ -211,6 +247,9 @@ void Style::drawTab(const QStyleOptionTab& option, QPainter& painter) const
         Strokes::roundRect(painter, rect.adjusted(2, 2, -2, -4), radius(&option),
                            Theme::mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.06));
     if (!selected) return;
+    if (option.state & State_HasFocus)
+        Strokes::roundRect(painter, rect.adjusted(2, 2, -2, -4), radius(&option), {},
+                           palette.color(QPalette::Highlight), 1.5);
     const qreal thick = qMax(2.0, h * 0.16);
     const QColor colour = enabled ? palette.color(QPalette::Highlight) : palette.color(QPalette::WindowText);
     const bool below = option.shape == QTabBar::RoundedSouth || option.shape == QTabBar::TriangularSouth;
@@ -225,6 +264,10 @@ void Style::drawViewItem(const QStyleOptionViewItem& option, QPainter& painter, 
     drawItemGround(painter, &item);
     item.backgroundBrush = Qt::NoBrush;
     item.state &= ~(State_Selected | State_MouseOver);
+    // Where whole rows are chosen the chosen row and the frame say where the keyboard is.
+    const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+    if (option.state & State_Selected && view && view->selectionBehavior() == QAbstractItemView::SelectRows)
+        item.state &= ~State_HasFocus;
     QProxyStyle::drawControl(CE_ItemViewItem, &item, &painter, widget);
 }
 
@@ -236,11 +279,14 @@ QRect Style::scrollBarRect(const QStyleOptionSlider& option, SubControl part) co
     const qint64 range = qint64(option.maximum) - option.minimum;
     const int shortest = qMin(length, pixelMetric(PM_ScrollBarSliderMin, &option, nullptr));
     int handle = length;
-    if (range > 0) handle = qBound(shortest, static_cast<int>(length * qint64(option.pageStep) / (range + option.pageStep)), length);
+    if (range > 0)
+        handle = qBound(shortest, static_cast<int>(length * qint64(option.pageStep) / (range + option.pageStep)),
+                        length);
     const int start = sliderPositionFromValue(option.minimum, option.maximum, option.sliderPosition, length - handle,
                                               option.upsideDown);
     const auto part_ = [&](int from, int size) {
-        return level ? QRect(all.left() + from, all.top(), size, all.height()) : QRect(all.left(), all.top() + from, all.width(), size);
+        return level ? QRect(all.left() + from, all.top(), size, all.height())
+                     : QRect(all.left(), all.top() + from, all.width(), size);
     };
     switch (part) {
     case SC_ScrollBarSlider: return visualRect(option.direction, all, part_(start, handle));

@@ -1,0 +1,124 @@
+#include "ui/ListBar.h"
+
+#include "platform/Literals.h"
+#include "ui/Icons.h"
+#include "ui/Theme.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QScrollBar>
+#include <QtTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+class ListBars : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        Theme::apply(*qApp, u"light"_s);
+        for (const char* group : {"a", "b"}) {
+            const QString key = QString::fromLatin1(group);
+            bar.addGroup(key, u"Группа "_s + key);
+            for (int i = 1; i <= 3; ++i) bar.addItem(key, key + QString::number(i), item(key, i), icon(u"disc"_s));
+        }
+        QObject::connect(&bar, &ListBar::itemClicked, &bar,
+                         [this](const QString& group, const QString& text) { clicked += group + u':' + text + u' '; });
+        QObject::connect(
+            &bar, &ListBar::contextMenu, &bar,
+            [this](const QString& group, const QString& text, const QPoint&) { menus += group + u':' + text + u' '; });
+        bar.show();
+        QApplication::setActiveWindow(&bar);
+    }
+
+    static QString item(const QString& group, int n) { return group.toUpper() + QString::number(n); }
+    QAbstractButton* row(const QString& name) { return bar.findChild<QAbstractButton*>(name); }
+    static QString focused()
+    {
+        return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+    }
+    static void press(std::initializer_list<Qt::Key> keys)
+    {
+        for (Qt::Key key : keys) QTest::keyClick(QApplication::focusWidget(), key);
+    }
+
+    ListBar bar;
+    QString clicked, menus;
+};
+
+}
+
+TEST_F(ListBars, ArrowsWalkThroughItemsThatCanBeChosen)
+{
+    bar.setItemEnabled(u"a"_s, u"A2"_s, false);
+    row(u"A1"_s)->setFocus();
+    press({Qt::Key_Down});
+    EXPECT_EQ(focused(), u"A3"_s);
+    press({Qt::Key_Down});
+    EXPECT_EQ(focused(), u"B1"_s) << "into the next group";
+    press({Qt::Key_Up, Qt::Key_Up, Qt::Key_Up});
+    EXPECT_EQ(focused(), u"A1"_s) << "stops at the first";
+    press({Qt::Key_End, Qt::Key_Down});
+    EXPECT_EQ(focused(), u"B3"_s) << "stops at the last";
+    press({Qt::Key_Return, Qt::Key_Space});
+    EXPECT_EQ(clicked, u"b:B3 b:B3 "_s);
+}
+
+TEST_F(ListBars, FoldedGroupIsPassedOverAndRemembered)
+{
+    row(u"B2"_s)->setFocus();
+    press({Qt::Key_Left});
+    EXPECT_EQ(focused(), u"Группа b"_s);
+    EXPECT_EQ(bar.foldedGroups(), QStringList{u"b"_s});
+    EXPECT_FALSE(row(u"B2"_s)->isVisible());
+    press({Qt::Key_End});
+    EXPECT_EQ(focused(), u"A3"_s);
+    bar.setFoldedGroups({u"a"_s});
+    EXPECT_EQ(bar.foldedGroups(), QStringList{u"a"_s});
+    EXPECT_TRUE(row(u"B2"_s)->isVisible());
+    QTest::mouseClick(row(u"Группа a"_s), Qt::LeftButton);
+    EXPECT_TRUE(bar.foldedGroups().isEmpty());
+}
+
+TEST_F(ListBars, ClearingAGroupFromItsOwnClickIsSafe)
+{
+    QObject::connect(&bar, &ListBar::itemClicked, &bar, [this] {
+        bar.clearGroup(u"b"_s);
+        bar.addItem(u"b"_s, u"q1"_s, u"Rock & Roll"_s, icon(u"query"_s));
+    });
+    QTest::mouseClick(row(u"B1"_s), Qt::LeftButton);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(bar.items(u"b"_s), QStringList{u"Rock & Roll"_s});
+    EXPECT_TRUE(row(u"Rock & Roll"_s)->shortcut().isEmpty());
+    bar.removeGroup(u"b"_s);
+    EXPECT_EQ(bar.groupCount(), 1);
+    EXPECT_TRUE(bar.items(u"b"_s).isEmpty());
+}
+
+TEST_F(ListBars, MenuNamesTheItemOrTheGroupAlone)
+{
+    const auto menuAt = [&](QWidget* row, QContextMenuEvent::Reason reason, const QPoint& at) {
+        QContextMenuEvent event(reason, at, row->mapToGlobal(at));
+        QApplication::sendEvent(row, &event);
+    };
+    menuAt(row(u"B1"_s), QContextMenuEvent::Mouse, QPoint(5, 5));
+    menuAt(row(u"Группа b"_s), QContextMenuEvent::Mouse, QPoint(5, 5));
+    row(u"A2"_s)->setFocus();
+    menuAt(row(u"A2"_s), QContextMenuEvent::Keyboard, QPoint(5, 5));
+    EXPECT_EQ(menus, u"b:B1 b: a:A2 "_s);
+    EXPECT_TRUE(clicked.isEmpty());
+}
+
+TEST_F(ListBars, IsAsWideAsItsTextsAndScrollsWhenShort)
+{
+    const int width = bar.sizeHint().width();
+    bar.addItem(u"b"_s, u"q"_s, u"Компьютерные диски с длинным названием"_s, icon(u"query"_s));
+    QCoreApplication::processEvents();
+    EXPECT_GT(bar.sizeHint().width(), width);
+    bar.resize(bar.sizeHint().width(), bar.minimumSizeHint().height());
+    row(u"A1"_s)->setFocus();
+    press({Qt::Key_End});
+    EXPECT_GT(bar.verticalScrollBar()->value(), 0);
+    const QRect seen(bar.viewport()->mapToGlobal(QPoint()), bar.viewport()->size());
+    EXPECT_TRUE(seen.contains(QApplication::focusWidget()->mapToGlobal(QApplication::focusWidget()->rect().center())));
+}
