@@ -18,10 +18,13 @@ public:
     };
 
     explicit DBGrid(QWidget* parent = nullptr);
+    ~DBGrid() override;
 
     void setColumns(const QList<Column>& columns);
     void setCaption(int column, const QString& caption);
     void setDataControl(DataControl* control);
+    /// Type-ahead is the screen's: the view's own would read every row.
+    void keyboardSearch(const QString&) override {}
 
 signals:
     /// Keys that the grid does not handle itself: Insert, Delete, and text for type-ahead. Home and End go to the first
@@ -32,11 +35,18 @@ signals:
     void rowDoubleClicked();
 
 protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     class Model;
+    void followControl();
+    void sizeColumns();
+    bool handleKey(QKeyEvent* event);
+
     Model* m_model;
-    DataControl* m_control = nullptr;
+    QPointer<DataControl> m_control;
+    bool m_following = false;
 };

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QObject>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <functional>
 #include <optional>
 
@@ -13,7 +14,7 @@
 class DataControl : public QObject {
     Q_OBJECT
 public:
-    /// How a value is shown; nothing given, as plain text with Null empty.
+    /// How a value other than Null is shown; nothing given, as plain text. Null shows as the empty text.
     using Format = std::function<QString(const Value&)>;
 
     explicit DataControl(QObject* parent);
@@ -23,7 +24,7 @@ public:
     void close();
     void setRecordSource(const QString& select);
     const QString& recordSource() const { return m_recordSource; }
-    /// Opens the record source anew and goes to its first row.
+    /// Opens the record source anew and goes to its first row. Without a database: throws 3021.
     void Refresh();
     /// Opens it anew and stays on the row with the same key, or on the first when it is gone.
     void RefreshInPlace();
@@ -40,6 +41,7 @@ public:
     // Moves. Those that find nothing stay where they are, say false and raise nothing.
     void MoveFirst();
     void MoveLast();
+    /// Positions outside of the rows are cut to the first and last one.
     void MoveTo(int position);
     bool FindFirst(const QString& criterion, const QList<Value>& parameters = {});
     bool FindNext(const QString& criterion, const QList<Value>& parameters = {});
@@ -53,19 +55,22 @@ public:
 
 signals:
     void Reposition();
-    /// The rows themselves are others: grids reset.
+    /// The rows themselves are others: grids reset. The current row is known already; the boxes follow.
     void refreshed();
     /// The current row is another one of the same rows.
     void moved(int position);
-    /// Edited or deleted rows: grids read them again.
+    /// Whoever edits or deletes rows of the recordset itself raises it: grids read their rows again.
     void rowsChanged();
 
 private:
     struct Binding {
-        QWidget* box;
+        QPointer<QWidget> box;
         QString field;
         Format format;
     };
+    void open();
+    void bindBox(QWidget* box, const QString& field, Format format);
+    bool arrived(bool found);
     void afterMove();
     void show(const Binding& binding, bool alsoEdited);
 

@@ -1,0 +1,229 @@
+#include "ui/DBGrid.h"
+
+#include "ui/RowModel.h"
+
+#include <QCache>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+/// The rows of the control's recordset, read in pages when a cell of them is asked for.
+class DBGrid::Model final : public RowModel {
+public:
+    using RowModel::RowModel;
+
+    void setColumns(const QList<Column>& columns)
+    {
+        beginResetModel();
+        m_columns = columns;
+        findFields();
+        endResetModel();
+    }
+    const QList<Column>& columnList() const { return m_columns; }
+
+    void setCaption(int column, const QString& caption)
+    {
+        if (column < 0 || column >= m_columns.size()) return;
+        m_columns[column].caption = caption;
+        emit headerDataChanged(Qt::Horizontal, column, column);
+    }
+
+    void setControl(DataControl* control)
+    {
+        m_control = control;
+        reset();
+    }
+
+    void reset()
+    {
+        beginResetModel();
+        m_pages.clear();
+        m_rows = m_control ? m_control->recordCount() : 0;
+        findFields();
+        endResetModel();
+    }
+
+    void readAgain()
+    {
+        if (!m_control || m_control->recordCount() != m_rows) return reset();
+        m_pages.clear();
+        if (m_rows > 0 && !m_columns.isEmpty()) emit dataChanged(index(0, 0), index(m_rows - 1, columns() - 1));
+    }
+
+protected:
+    int rows() const override { return m_rows; }
+    int columns() const override { return int(m_columns.size()); }
+
+    QVariant cell(int row, int column, int role) const override
+    {
+        if (role == Qt::TextAlignmentRole) return int(m_columns[column].alignment | Qt::AlignVCenter);
+        if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
+        const QStringList& texts = page(row / PageRows)[row % PageRows];
+        return column < texts.size() ? texts[column] : QString();
+    }
+
+    QVariant caption(int column, int role) const override
+    {
+        if (role == Qt::TextAlignmentRole) return int(m_columns[column].alignment | Qt::AlignVCenter);
+        return role == Qt::DisplayRole ? m_columns[column].caption : QVariant();
+    }
+
+private:
+    static constexpr int PageRows = 64, PagesKept = 32;
+    using Page = QList<QStringList>;
+
+    void findFields()
+    {
+        m_fields.clear();
+        if (!m_control || m_rows == 0) return;
+        const QStringList names = m_control->recordset().FieldNames();
+        for (const Column& column : m_columns) m_fields << names.indexOf(column.field);
+    }
+
+    const Page& page(int number) const
+    {
+        if (const Page* known = m_pages.object(number)) return *known;
+        auto* fresh = new Page;
+        const int first = number * PageRows;
+        // The recordset may have been closed or cut short since the rows were counted.
+        const int behind = std::min(first + PageRows, m_control ? m_control->recordCount() : 0);
+        for (int row = first; row < behind; ++row) fresh->append(texts(m_control->recordset().row(row)));
+        while (fresh->size() < PageRows) fresh->append(QStringList());
+        m_pages.insert(number, fresh);
+        return *fresh;
+    }
+
+    QStringList texts(const QList<Value>& values) const
+    {
+        QStringList result;
+        for (int i = 0; i < m_fields.size(); ++i) {
+            const Value value = values.value(m_fields[i]);
+            const DataControl::Format& format = m_columns[i].format;
+            result << (value.isNull() ? QString() : format ? format(value) : value.text());
+        }
+        return result;
+    }
+
+    QPointer<DataControl> m_control;
+    QList<Column> m_columns;
+    QList<qsizetype> m_fields; ///< of each column in the recordset
+    int m_rows = 0;
+    mutable QCache<int, Page> m_pages{PagesKept};
+};
+
+DBGrid::DBGrid(QWidget* parent) : QTableView(parent), m_model(new Model(this))
+{
+    setModel(m_model);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    // Heights that are asked of the contents would read every row.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->hide();
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    sizeColumns();
+}
+
+DBGrid::~DBGrid() = default;
+
+void DBGrid::setColumns(const QList<Column>& columns)
+{
+    m_model->setColumns(columns);
+    sizeColumns();
+    followControl();
+}
+
+void DBGrid::setCaption(int column, const QString& caption) { m_model->setCaption(column, caption); }
+
+void DBGrid::setDataControl(DataControl* control)
+{
+    if (m_control) disconnect(m_control, nullptr, this, nullptr);
+    m_control = control;
+    m_model->setControl(control);
+    followControl();
+    if (!control) return;
+    connect(control, &DataControl::refreshed, this, [this] {
+        m_model->reset();
+        followControl();
+    });
+    connect(control, &DataControl::rowsChanged, this, [this] {
+        m_model->readAgain();
+        followControl();
+    });
+    connect(control, &DataControl::moved, this, [this] { followControl(); });
+}
+
+void DBGrid::followControl()
+{
+    const int row = m_control ? m_control->position() : -1;
+    if (row == currentIndex().row()) return;
+    const QScopedValueRollback following(m_following, true);
+    setCurrentIndex(m_model->index(row, std::max(0, currentIndex().column())));
+}
+
+void DBGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (!m_following && m_control && current.isValid() && current.row() != m_control->position())
+        m_control->MoveTo(current.row());
+}
+
+void DBGrid::sizeColumns()
+{
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 7 / 4);
+    QHeaderView* header = horizontalHeader();
+    bool stretches = false;
+    for (int i = 0; i < m_model->columnList().size(); ++i) {
+        const Column& column = m_model->columnList()[i];
+        stretches |= column.width == 0;
+        header->setSectionResizeMode(i, column.width ? QHeaderView::Interactive : QHeaderView::Stretch);
+        if (!column.width) continue;
+        const int padding = fontMetrics().averageCharWidth() * 2;
+        header->resizeSection(i, std::max(column.width * fontMetrics().averageCharWidth() + padding,
+                                          fontMetrics().horizontalAdvance(column.caption) + 2 * padding));
+    }
+    header->setStretchLastSection(!stretches);
+}
+
+void DBGrid::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) sizeColumns();
+}
+
+void DBGrid::keyPressEvent(QKeyEvent* event)
+{
+    if (!handleKey(event)) QTableView::keyPressEvent(event);
+}
+
+bool DBGrid::handleKey(QKeyEvent* event)
+{
+    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
+    const QString text = event->text();
+    switch (event->key()) {
+    case Qt::Key_Home:
+        if (m_control) m_control->MoveFirst();
+        return true;
+    case Qt::Key_End:
+        if (m_control) m_control->MoveLast();
+        return true;
+    case Qt::Key_Insert: emit insertPressed(); return true;
+    case Qt::Key_Delete: emit deletePressed(); return true;
+    default: break;
+    }
+    if (text.size() != 1 || !text[0].isLetterOrNumber()) return false;
+    emit typed(text);
+    return true;
+}
+
+void DBGrid::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QTableView::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid()) emit rowDoubleClicked();
+}
