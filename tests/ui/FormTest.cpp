@@ -2,6 +2,7 @@
 
 #include "ui/Form.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -29,9 +30,14 @@ public:
     QPushButton* cmdClose = named("cmdClose");
     QPushButton* cmdCloseAndAsk = named("cmdCloseAndAsk");
     bool lets = true;
+    bool goesAtOnce = false;
 
 protected:
-    void Form_Load() override { write(u"load"_s); }
+    void Form_Load() override
+    {
+        write(u"load"_s);
+        if (goesAtOnce) Unload();
+    }
     void Form_Activate() override { write(u"activate"_s); }
     void Form_Unload() override { write(u"unload"_s); }
     bool Form_QueryUnload() override { return lets; }
@@ -66,6 +72,12 @@ protected:
     {
         play([this] { Diary(dialogs, log).ShowModal(dialogs); }, body);
     }
+    static bool inSight(const QString& screen)
+    {
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == screen) return window->isVisible();
+        return false;
+    }
     QStringList log;
 };
 }
@@ -78,15 +90,103 @@ TEST_F(FormLife, RunsEveryRoutineOnceAndActivatesNotAgainOnReturnFromAChild)
         expectForm("frmDiary2");
         co_await click("cmdChild");
         EXPECT_EQ(title(), "Дневник 2");
+        EXPECT_FALSE(inSight("frmDiary1"));
         expectForm("frmDiary3");
         co_await click("cmdChild");
         co_await key(Qt::Key_Escape);
         co_await closeForm();
         EXPECT_EQ(windowName(), "frmDiary1");
+        EXPECT_TRUE(inSight("frmDiary1"));
         EXPECT_EQ(focus(), "cmdChild");
         co_await click("cmdClose");
     });
     EXPECT_EQ(log.join(u' '),
               "construct1 load1 activate1 construct2 load2 fill1 activate2 construct3 load3 fill2 activate3 "
               "unload3 back2 unload2 back1 unload1");
+}
+
+TEST_F(FormLife, UnloadsAfterTheRoutineThatAskedForItAndWhatItStillOpens)
+{
+    open([&]() -> Script {
+        expectBox("Точно?", Box::Question, Answer::No);
+        expectForm("frmDiary2");
+        co_await click("cmdCloseAndAsk");
+        EXPECT_EQ(windowName(), "frmDiary2");
+        co_await closeForm();
+    });
+    EXPECT_EQ(log.mid(3).join(u' '), "no1 construct2 load2 fill1 activate2 unload2 back1 returned1 unload1");
+}
+
+TEST_F(FormLife, StaysWhenItDoesNotLetTheUserCloseIt)
+{
+    Diary form(dialogs, log);
+    form.lets = false;
+    play([&] { form.ShowModal(dialogs); },
+         [&]() -> Script {
+             co_await key(Qt::Key_Escape);
+             co_await closeForm();
+             EXPECT_TRUE(form.isVisible());
+             co_await click("cmdClose");
+             EXPECT_FALSE(form.isVisible());
+         });
+    EXPECT_EQ(log.count(u"unload1"_s), 1);
+}
+
+TEST_F(FormLife, IsNeverShownWhenItGoesWhileLoading)
+{
+    Diary form(dialogs, log);
+    form.goesAtOnce = true;
+    form.ShowModal(dialogs);
+    EXPECT_EQ(log.join(u' '), "construct1 load1 unload1");
+}
+
+TEST_F(FormLife, KeepsAMaximisedOpenerInSight)
+{
+    open([&]() -> Script {
+        co_await act([&] { runner.window().showMaximized(); });
+        expectForm("frmDiary2");
+        co_await click("cmdChild");
+        EXPECT_TRUE(inSight("frmDiary1"));
+        co_await closeForm();
+        EXPECT_TRUE(runner.window().isMaximized());
+    });
+}
+
+TEST_F(FormLife, EnterClicksTheFocusedButtonAndOtherwiseOnlyAButtonMadeDefault)
+{
+    open([&]() -> Script {
+        co_await type("txtName", "а");
+        co_await key(Qt::Key_Return);
+        EXPECT_EQ(windowName(), "frmDiary1");
+        expectForm("frmDiary2");
+        co_await focusOn("cmdChild");
+        co_await key(Qt::Key_Return);
+        control<QPushButton>("cmdClose").setDefault(true);
+        co_await focusOn("txtName");
+        co_await key(Qt::Key_Enter);
+        EXPECT_EQ(windowName(), "frmDiary1");
+    });
+}
+
+TEST_F(FormLife, ShowsAndEnablesControlsByTheirTag)
+{
+    Diary form(dialogs, log);
+    Form::setTag({form.txtName, form.cmdChild}, u"MyGroup"_s);
+    form.setEnabledByTag(u"MyGroup", false);
+    EXPECT_FALSE(form.txtName->isEnabled() || form.cmdChild->isEnabled());
+    EXPECT_TRUE(form.cmdClose->isEnabled());
+    form.setVisibleByTag(u"MyGroup", false);
+    EXPECT_TRUE(form.txtName->isHidden() && !form.cmdClose->isHidden());
+}
+
+TEST_F(FormLife, EndOfTheProcessRunsNothingBehindModalCallsAndNoUnload)
+{
+    open([&]() -> Script {
+        expectForm("frmDiary2");
+        co_await click("cmdChild");
+        runner.expectEnd();
+        co_await act([&] { runner.endProcess(3); });
+        EXPECT_EQ(runner.top(), nullptr);
+    });
+    EXPECT_EQ(log.constLast(), "activate2");
 }

@@ -1,0 +1,174 @@
+#include "ui/QtDialogs.h"
+
+#include "harness/Print.h"
+#include "ui/Form.h"
+
+#include <QPushButton>
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+class BoxesInEarnest : public testing::Test {
+protected:
+    /// What the user does to the window that comes up next.
+    template<class Window> void meanwhile(std::function<void(Window&)> act)
+    {
+        QTimer::singleShot(0, qApp, [this, act] {
+            QWidget* window = QApplication::activeModalWidget();
+            EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+            EXPECT_TRUE(dialogs.modalIsOpen());
+            auto* box = dynamic_cast<Window*>(window);
+            EXPECT_NE(box, nullptr);
+            if (box) act(*box);
+            if (window && window->isVisible()) static_cast<QDialog*>(window)->reject();
+        });
+    }
+    Answer answerTo(int type, int key)
+    {
+        meanwhile<QMessageBox>([key](QMessageBox& box) { QTest::keyClick(&box, Qt::Key(key)); });
+        return dialogs.MsgBox(u"Вопрос"_s, type);
+    }
+    QString buttonsOf(int type)
+    {
+        QStringList texts;
+        meanwhile<QMessageBox>([&](QMessageBox& box) {
+            for (int role : {QMessageBox::Yes, QMessageBox::No, QMessageBox::Ok, QMessageBox::Cancel})
+                if (auto* button = box.button(QMessageBox::StandardButton(role)))
+                    texts << (box.defaultButton() == button ? u"*"_s : u""_s) + button->text().remove(u'&');
+        });
+        dialogs.MsgBox(u"Вопрос"_s, type);
+        return texts.join(u' ');
+    }
+
+    int commits = 0;
+    QString lastFolder;
+    QtDialogs dialogs{{.commitBeforeModal = [this] { ++commits; },
+                       .lastFolder = [this] { return lastFolder; },
+                       .keepLastFolder = [this](const QString& folder) { lastFolder = folder; }}};
+};
+}
+
+TEST_F(BoxesInEarnest, TypesGiveRussianButtonsWithTheSafeOneFirstInAWarning)
+{
+    const std::pair<int, const char*> types[] = {
+        {Box::Bare, "*OK"},
+        {Box::Stop, "*OK"},
+        {Box::Exclamation, "*OK"},
+        {Box::Information, "*OK"},
+        {Box::Question, "*Да Нет"},
+        {Box::QuestionWithCancel, "*Да Нет Отмена"},
+        {Box::Warning, "Да *Нет"},
+        {Box::StopOkCancel, "OK *Отмена"},
+        {Box::InformationOkCancel, "*OK Отмена"},
+    };
+    for (auto [type, buttons] : types) EXPECT_EQ(buttonsOf(type), buttons) << type;
+}
+
+TEST_F(BoxesInEarnest, TypesGiveIcons)
+{
+    const std::pair<int, QMessageBox::Icon> types[] = {
+        {Box::Bare, QMessageBox::NoIcon},           {Box::Stop, QMessageBox::Critical},
+        {Box::Question, QMessageBox::Question},     {Box::QuestionWithCancel, QMessageBox::Question},
+        {Box::Warning, QMessageBox::Warning},       {Box::Exclamation, QMessageBox::Warning},
+        {Box::StopOkCancel, QMessageBox::Critical}, {Box::InformationOkCancel, QMessageBox::Information},
+    };
+    for (auto [type, icon] : types) EXPECT_EQ(LookOfBox(type).icon, icon) << type;
+}
+
+TEST_F(BoxesInEarnest, EscapeAnswersCancelElseNoElseOkAndEnterTheDefault)
+{
+    EXPECT_EQ(answerTo(Box::QuestionWithCancel, Qt::Key_Escape), Answer::Cancel);
+    EXPECT_EQ(answerTo(Box::Question, Qt::Key_Escape), Answer::No);
+    EXPECT_EQ(answerTo(Box::Stop, Qt::Key_Escape), Answer::Ok);
+    EXPECT_EQ(answerTo(Box::Question, Qt::Key_Return), Answer::Yes);
+    EXPECT_EQ(answerTo(Box::Warning, Qt::Key_Return), Answer::No);
+}
+
+TEST_F(BoxesInEarnest, TextsArePlainWithTheirLineBreaksAndStandAboveAnHourglass)
+{
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QApplication::setOverrideCursor(Qt::BusyCursor);
+    meanwhile<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.text(), "<b>Диск</b>\nдва\nтри    четыре");
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.windowTitle(), "vinora");
+        EXPECT_TRUE(box.textInteractionFlags() & Qt::TextSelectableByMouse);
+    });
+    dialogs.MsgBox(u"<b>Диск</b>\rдва\r\nтри\tчетыре"_s);
+    EXPECT_EQ(commits, 1);
+    EXPECT_FALSE(dialogs.modalIsOpen());
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
+    QApplication::restoreOverrideCursor();
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    QApplication::restoreOverrideCursor();
+}
+
+TEST_F(BoxesInEarnest, InputBoxGivesTheTextOrNothing)
+{
+    const auto answer = [this](int key) {
+        meanwhile<QInputDialog>([key](QInputDialog& box) {
+            EXPECT_EQ(box.findChild<QLabel*>()->text(), "Имя\n<i>:");
+            EXPECT_EQ(box.findChild<QLabel*>()->textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.textValue(), "Рок");
+            QTest::keyClick(&box, Qt::Key(key));
+        });
+        return dialogs.InputBox(u"Имя\r<i>:"_s, u"Стиль"_s, u"Рок"_s);
+    };
+    EXPECT_EQ(answer(Qt::Key_Return), "Рок");
+    EXPECT_EQ(answer(Qt::Key_Escape), "");
+}
+
+TEST_F(BoxesInEarnest, ChoosersNameTheirPatternsAndRememberTheFolder)
+{
+    EXPECT_EQ(NameFilters(u"База vinora (*.db)|*.db|Все|*.*"_s), (QStringList{"База vinora (*.db)", "Все (*.*)"}));
+    EXPECT_EQ(NameFilters(u"Картинки|*.jpg;*.png"_s), QStringList{"Картинки (*.jpg *.png)"});
+
+    QTemporaryDir folder;
+    lastFolder = folder.path();
+    meanwhile<QFileDialog>([&](QFileDialog& chooser) {
+        EXPECT_EQ(chooser.directory().path(), folder.path());
+        chooser.findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(u"список"_s);
+        QMetaObject::invokeMethod(&chooser, "accept");
+    });
+    QDir(folder.path()).mkdir(u"a"_s);
+    EXPECT_EQ(dialogs.SaveFile(u"Экспорт"_s, u"HTML-файл (*.htm)|*.htm"_s), folder.filePath(u"список.htm"_s));
+    EXPECT_EQ(lastFolder, folder.path());
+    meanwhile<QFileDialog>([](QFileDialog&) {});
+    EXPECT_EQ(dialogs.PickFolder(u"Папка"_s, folder.filePath(u"a"_s)), "");
+    EXPECT_EQ(lastFolder, folder.path());
+}
+
+TEST_F(BoxesInEarnest, FormsAndMenusCountAsModal)
+{
+    class Empty : public Form {
+    public:
+        explicit Empty(QtDialogs& dialogs) : Form(u"frmEmpty"_s, u"Пусто"_s), dialogs(dialogs) {}
+
+    protected:
+        void Form_Activate() override
+        {
+            EXPECT_TRUE(dialogs.modalIsOpen());
+            Unload();
+        }
+        QtDialogs& dialogs;
+    };
+    Empty(dialogs).ShowModal(dialogs);
+    QMenu menu;
+    menu.addAction(u"Пункт"_s);
+    QTimer::singleShot(0, &menu, [&] {
+        EXPECT_TRUE(dialogs.modalIsOpen());
+        menu.close();
+    });
+    dialogs.Popup(menu, {});
+    EXPECT_EQ(commits, 2);
+    EXPECT_FALSE(dialogs.modalIsOpen());
+}
