@@ -5,6 +5,7 @@
 #include "platform/XdgDesktop.h"
 #include "store/DatabaseSet.h"
 #include "store/StartUp.h"
+#include "ui/Icons.h"
 #include "ui/QtDialogs.h"
 #include "ui/Theme.h"
 
@@ -26,6 +27,7 @@ int main(int argc, char** argv)
     if (buttons.load(u"qtbase_ru"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&buttons);
     Theme::apply(application);
+    QApplication::setWindowIcon(icon(u"app"_s));
 
     const SystemClock clock;
     DBEngine engine(clock);
