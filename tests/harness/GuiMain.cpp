@@ -1,4 +1,5 @@
 #include "frame/Program.h"
+#include "harness/QuickFolder.h"
 #include "harness/Script.h"
 
 #include <QApplication>
@@ -54,6 +55,7 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(printMessage);
+    UseQuickTemporaryFolder();
     // With GLib's loop no one can tell when it is idle.
     qputenv("QT_NO_GLIB", "1");
     qputenv("QT_ACCESSIBILITY", "0");
