@@ -44,10 +44,11 @@ private:
     }
 };
 
-/// The offscreen platform complains of what no script needs.
+/// Platforms complain of what no script needs.
 void printMessage(QtMsgType, const QMessageLogContext&, const QString& message)
 {
-    if (!message.startsWith(u"This plugin does not support")) std::fprintf(stderr, "%s\n", qPrintable(message));
+    const bool idle = message.startsWith(u"This plugin does not support") || message.contains(u"XDG_RUNTIME_DIR");
+    if (!idle) std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 }
 
