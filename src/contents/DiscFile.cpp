@@ -1,0 +1,138 @@
+#include "contents/DiscFile.h"
+
+#include "platform/Literals.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QStandardPaths>
+#include <algorithm>
+#include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr qint64 Piece = 256 * 1024;
+
+QString copiesRoot() { return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + u"/vinora"_s; }
+QString copiesOf(qint64 process) { return copiesRoot() + u"/disc-%1"_s.arg(process); }
+
+void makePrivateFolder(const QString& path)
+{
+    const QByteArray native = QFile::encodeName(path);
+    if (::mkdir(native.constData(), 0700) != 0 && errno != EEXIST) throw FileError(errno, path);
+    if (::chmod(native.constData(), 0700) != 0) throw FileError(errno, path);
+}
+
+/// The entry's own spelling, exact if there is one, else by letters alone; empty when there is none.
+QString spelling(const QStringList& entries, const QString& name)
+{
+    if (entries.contains(name)) return name;
+    const auto found = std::find_if(entries.begin(), entries.end(), [&](const QString& entry) {
+        return entry.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == entries.end() ? QString() : *found;
+}
+
+}
+
+std::optional<DiscFile> FindDiscFile(Disc& disc, const QString& folder, const QString& name)
+{
+    QStringList names;
+    QList<DiscEntry> files = disc.list(folder);
+    files.removeIf([](const DiscEntry& entry) { return entry.folder; });
+    for (const DiscEntry& file : files) names += file.name;
+    const QString found = spelling(names, name);
+    if (found.isEmpty()) return {};
+    return DiscFile{folder, found, files[names.indexOf(found)].size};
+}
+
+QString MountedPath(const QString& mountPoint, const QString& folder, const QString& name)
+{
+    QString path = mountPoint;
+    QStringList components = folder.split(u'\\', Qt::SkipEmptyParts);
+    components += name;
+    for (const QString& component : components) {
+        const QString found = spelling(
+            QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot), component);
+        if (found.isEmpty()) return {};
+        path += u'/' + found;
+    }
+    const QString inside = QFileInfo(mountPoint).canonicalFilePath() + u'/';
+    const QFileInfo file(path);
+    return file.isFile() && file.canonicalFilePath().startsWith(inside) ? path : QString();
+}
+
+QString SafeFileName(const QString& name)
+{
+    constexpr int MaximumBytes = 200;
+    QString safe = name;
+    for (QChar& c : safe)
+        if (c == u'/' || c == u'\\' || c < u' ' || c == QChar(0x7F) || c.isSurrogate()) c = u'_';
+    if (safe.isEmpty() || safe.startsWith(u'.') || safe.startsWith(u'-')) safe.prepend(u'_');
+    // The extension says what opens the file, so a long name is cut before it.
+    const qsizetype dot = safe.lastIndexOf(u'.');
+    QString extension = dot > 0 && safe.size() - dot <= 16 ? safe.mid(dot) : QString();
+    QString base = safe.chopped(extension.size());
+    while (base.toUtf8().size() + extension.toUtf8().size() > MaximumBytes) base.chop(1);
+    return base + extension;
+}
+
+DiscCopy::DiscCopy(std::shared_ptr<Disc> disc, const DiscFile& file, const QString& id)
+    : m_disc(std::move(disc)), m_file(file)
+{
+    const QString key = id + file.folder + u'\\' + file.name;
+    const QString process = copiesOf(getpid());
+    const QString folder = process + u'/' +
+                           QString::fromLatin1(
+                               QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256).toHex().left(16));
+    QDir().mkpath(copiesRoot());
+    makePrivateFolder(process);
+    makePrivateFolder(folder);
+    m_path = folder + u'/' + SafeFileName(file.name);
+    if (QFile::exists(m_path)) {
+        m_copied = m_file.size;
+        m_complete = true;
+        return;
+    }
+    m_part.setFileName(folder + u"/.part"_s);
+    if (!m_part.open(QIODevice::WriteOnly | QIODevice::Truncate)) throw FileError(errno, m_part.fileName());
+    if (m_file.size == 0) finish();
+}
+
+DiscCopy::~DiscCopy()
+{
+    if (!m_complete) m_part.remove();
+}
+
+void DiscCopy::step()
+{
+    if (m_complete) return;
+    const QByteArray bytes = m_disc->read(m_file.folder, m_file.name, m_copied,
+                                          std::min(Piece, m_file.size - m_copied));
+    if (bytes.isEmpty()) throw DiscError(u"Файл «%1» на диске обрывается."_s.arg(m_file.name));
+    if (m_part.write(bytes) != bytes.size()) throw FileError(errno, m_path);
+    m_copied += bytes.size();
+    if (m_copied >= m_file.size) finish();
+}
+
+void DiscCopy::finish()
+{
+    if (!m_part.flush()) throw FileError(errno, m_path);
+    m_part.close();
+    m_part.setPermissions(QFile::ReadOwner);
+    if (!m_part.rename(m_path)) throw FileError(errno, m_path);
+    m_complete = true;
+}
+
+void RemoveDiscCopies() { QDir(copiesOf(getpid())).removeRecursively(); }
+
+void RemoveStaleDiscCopies()
+{
+    const QDir root(copiesRoot());
+    for (const QString& folder : root.entryList({u"disc-*"_s}, QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const qint64 process = folder.mid(5).toLongLong();
+        if (process > 0 && !QFileInfo::exists(u"/proc/%1"_s.arg(process)))
+            QDir(root.filePath(folder)).removeRecursively();
+    }
+}

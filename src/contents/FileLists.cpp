@@ -1,0 +1,139 @@
+#include "contents/FileLists.h"
+
+#include "contents/FolderTree.h"
+#include "dao/DBEngine.h"
+#include "store/DiscTables.h"
+#include "store/Schema.h"
+
+#include <algorithm>
+#include <cmath>
+
+std::array<QString, 6> ListNames(const Database& main, qint64 key)
+{
+    Recordset row = main.OpenRecordset(u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(Computer().table, Computer().key), {key});
+    std::array<QString, 6> names;
+    if (row.RecordCount() == 0) return names;
+    for (int k = 1; k <= 6; ++k) names[k - 1] = row[CatalogueKind::listField(k)].text();
+    return names;
+}
+
+bool CheckFileTableOwner(const Database& main, const QString& id)
+{
+    QStringList tests;
+    for (int k = 1; k <= 6; ++k) tests += CatalogueKind::listField(k) + u" = ?"_s;
+    return main.Scalar(u"SELECT COUNT(*) FROM %1 WHERE %2"_s.arg(Computer().table, tests.join(u" OR "_s)),
+                       QList<Value>(6, id))
+               .toInt() > 0;
+}
+
+/// At most ten decimal digits, so that it fits the fields that name lists.
+static QString madeUpName(QRandomGenerator& random)
+{
+    const double first = random.generateDouble(), second = random.generateDouble();
+    return QString::number(qint64(std::floor(first * 999999999 + second * 9)));
+}
+
+bool CreateFileTable(const Database& files, const Database& main, QString& id, const std::function<bool()>& ask,
+                     QRandomGenerator& random)
+{
+    for (;;) {
+        try {
+            files.CreateTable(FileTable(id));
+            return true;
+        } catch (const RuntimeError& error) {
+            if (error.number() != DaoErrorNumber::TableExists) throw;
+        }
+        if (!ask) return false;
+        if (!CheckFileTableOwner(main, id)) {
+            DropList(files, id);
+            continue;
+        }
+        if (!ask()) return false;
+        id = madeUpName(random);
+    }
+}
+
+FileListWriter::FileListWriter(const Database& files, const QString& id)
+    : m_files(files), m_insert(u"INSERT INTO [%1] (Имя, Путь, Размер, Комментарий) VALUES (?, ?, ?, ?)"_s.arg(id))
+{}
+
+static Value orNull(const QString& text) { return text.isEmpty() ? Value() : Value(text); }
+
+void FileListWriter::add(const FileRow& row)
+{
+    m_files.Execute(m_insert, {row.name, row.folder, row.size, orNull(row.comment)});
+}
+
+/// Sets fields of the row of a disc.
+static void setFields(const Database& main, DiscOfRow disc, const QStringList& fields, const Value& value)
+{
+    Recordset row = main.OpenRecordset(u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(Computer().table, Computer().key),
+                                       {disc.key});
+    row.Edit();
+    for (const QString& field : fields) row[field] = value;
+    row.Update();
+}
+
+void CreateLinkDiskID(const Database& main, DiscOfRow disc, const QString& id, bool share)
+{
+    QStringList fields{CatalogueKind::listField(disc.disc)};
+    if (share) fields += CatalogueKind::bindingField(disc.disc);
+    setFields(main, disc, fields, id);
+}
+
+void DeleteList(const Database& files, const Database& main, DiscOfRow disc, const QString& id)
+{
+    DropList(files, id);
+    setFields(main, disc, {CatalogueKind::listField(disc.disc)}, {});
+}
+
+/// Names on a disc may differ in case alone, which a comparison of fields would pass over; that of an expression does not.
+static const QString Exactly = u"(%1 & '') IN (?)"_s;
+
+QStringList FolderPaths(const Database& files, const QString& id)
+{
+    const Recordset rows = files.OpenRecordset(u"SELECT DISTINCT(Путь & '') FROM [%1]"_s.arg(id));
+    QStringList paths;
+    paths.reserve(rows.RecordCount());
+    for (int i = 0; i < rows.RecordCount(); ++i) paths += rows.row(i).first().text();
+    std::sort(paths.begin(), paths.end(), FolderPathLess);
+    return paths;
+}
+
+FolderContents ReadFolder(const Database& files, const QString& id, const QString& folder)
+{
+    Recordset rows = files.OpenRecordset(u"SELECT * FROM [%1] WHERE %2 ORDER BY Имя"_s.arg(id, Exactly.arg(u"Путь"_s)),
+                                         {folder});
+    FolderContents contents;
+    for (; !rows.AtEOF(); rows.MoveNext()) {
+        const FileRow row{rows[u"Имя"].text(), folder, rows[u"Размер"].text(), rows[u"Комментарий"].text()};
+        if (row.name == folder)
+            contents.comment = row.comment;
+        else
+            contents.files += row;
+    }
+    return contents;
+}
+
+static Recordset rowsOf(const Database& files, const QString& id, const QString& folder, const QString& name)
+{
+    return files.OpenRecordset(
+        u"SELECT * FROM [%1] WHERE %2 AND %3"_s.arg(id, Exactly.arg(u"Путь"_s), Exactly.arg(u"Имя"_s)), {folder, name});
+}
+
+QString FileComment(const Database& files, const QString& id, const QString& folder, const QString& name)
+{
+    Recordset row = rowsOf(files, id, folder, name);
+    return row.RecordCount() ? row[u"Комментарий"].text() : QString();
+}
+
+bool SetFileComment(const Database& files, const QString& id, const QString& folder, const QString& name,
+                    const QString& comment)
+{
+    Recordset row = rowsOf(files, id, folder, name);
+    if (row.RecordCount() == 0) return false;
+    row.Edit();
+    row[u"Комментарий"] = orNull(comment);
+    row.Update();
+    return true;
+}

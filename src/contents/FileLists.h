@@ -1,0 +1,57 @@
+#pragma once
+
+#include "contents/FileListScanner.h"
+#include "dao/Database.h"
+#include "store/CatalogueKind.h"
+
+#include <QRandomGenerator>
+#include <array>
+
+/// One physical disc of a row of the computer catalogue.
+struct DiscOfRow {
+    qint64 key = 0; ///< of the row
+    int disc = 1;   ///< 1 to 6
+};
+
+/// Names of the lists of disc 1 to 6 of a row; empty for a disc without a list.
+std::array<QString, 6> ListNames(const Database& main, qint64 key);
+
+/// Whether a disc of any row has the list `id`.
+bool CheckFileTableOwner(const Database& main, const QString& id);
+
+/// Makes an empty list named `id`. When there is one of that name already: without `ask` that is a failure; with it, a
+/// list that no row owns is replaced without a word, and for one that is owned `ask` says whether the new list shall get
+/// a made-up decimal name, which `id` then holds. False when nothing was made.
+bool CreateFileTable(const Database& files, const Database& main, QString& id, const std::function<bool()>& ask = {},
+                     QRandomGenerator& random = *QRandomGenerator::global());
+
+/// Puts rows into a list.
+class FileListWriter {
+public:
+    FileListWriter(const Database& files, const QString& id);
+    void add(const FileRow& row);
+
+private:
+    Database m_files;
+    QString m_insert;
+};
+
+/// The row's disc has the list `id` from now on; `share` binds it to the medium of that identifier, too.
+void CreateLinkDiskID(const Database& main, DiscOfRow disc, const QString& id, bool share);
+/// Drops the list `id`, which may be gone already, and takes it from its row. The binding stays.
+void DeleteList(const Database& files, const Database& main, DiscOfRow disc, const QString& id);
+
+/// All folders of a list in the order of FolderPathLess. Error 3078 when the list is missing.
+QStringList FolderPaths(const Database& files, const QString& id);
+
+struct FolderContents {
+    QString comment;      ///< of the folder
+    QList<FileRow> files; ///< by name
+};
+FolderContents ReadFolder(const Database& files, const QString& id, const QString& folder);
+
+/// Comment of a file, or of a folder when `name` is its path; empty for none.
+QString FileComment(const Database& files, const QString& id, const QString& folder, const QString& name);
+/// At most 50 characters; an empty text takes the comment away. False when there is no such row.
+bool SetFileComment(const Database& files, const QString& id, const QString& folder, const QString& name,
+                    const QString& comment);
