@@ -84,23 +84,13 @@ private:
     {
         if (const Page* known = m_pages.object(number)) return *known;
         auto* fresh = new Page;
-        try {
-            read(number * PageRows, *fresh);
-        } catch (const RuntimeError& error) {
-            // Nothing may leave a painting view. The page stays blank, and the error comes up from the event loop.
-            QMetaObject::invokeMethod(
-                m_control, [error] { throw error; }, Qt::QueuedConnection);
-        }
-        fresh->resize(PageRows);
-        m_pages.insert(number, fresh);
-        return *fresh;
-    }
-
-    void read(int first, Page& page) const
-    {
+        const int first = number * PageRows;
         // The recordset may have been closed or cut short since the rows were counted.
         const int behind = std::min(first + PageRows, m_control ? m_control->recordCount() : 0);
-        for (int row = first; row < behind; ++row) page.append(texts(m_control->recordset().row(row)));
+        for (int row = first; row < behind; ++row) fresh->append(texts(m_control->recordset().row(row)));
+        while (fresh->size() < PageRows) fresh->append(QStringList());
+        m_pages.insert(number, fresh);
+        return *fresh;
     }
 
     QStringList texts(const QList<Value>& values) const

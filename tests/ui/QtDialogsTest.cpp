@@ -3,6 +3,7 @@
 #include "harness/Print.h"
 #include "ui/Form.h"
 
+#include <QPushButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -10,7 +11,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>

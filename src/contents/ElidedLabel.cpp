@@ -1,0 +1,32 @@
+#include "contents/ElidedLabel.h"
+
+#include <QHelpEvent>
+#include <QStyle>
+#include <QStylePainter>
+#include <QToolTip>
+
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+QSize ElidedLabel::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 8, QLabel::minimumSizeHint().height()};
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*)
+{
+    QStylePainter painter(this);
+    const QString fitting = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+    painter.drawItemText(contentsRect(), int(alignment()), palette(), isEnabled(), fitting, foregroundRole());
+}
+
+bool ElidedLabel::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) return QLabel::event(event);
+    const bool cut = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), cut ? text() : QString(), this);
+    return true;
+}

@@ -1,0 +1,50 @@
+#include "contents/OpenDiscFile.h"
+
+#include "contents/DiscFile.h"
+#include "contents/frmCopyFile.h"
+
+#include <QElapsedTimer>
+
+FilesAction ReadFilesAction(const Program& program)
+{
+    return program.settings().number(u"Option", u"FilesAction") == 1 ? FilesAction::StartFile : FilesAction::ShowFolder;
+}
+
+/// Native path of a copy of the file; empty when the user gave it up. Throws RuntimeError.
+static QString copyOf(Program& program, Drive& drive, const QString& id, const QString& folder, const QString& name)
+{
+    constexpr qint64 SmallFile = 4 * 1024 * 1024;
+    constexpr int PatienceMilliseconds = 300;
+
+    const std::shared_ptr<Disc> disc = drive.disc();
+    if (!disc) throw DiscError(u"Диск вынут из устройства %1."_s.arg(drive.root()));
+    const std::optional<DiscFile> file = FindDiscFile(*disc, folder, name);
+    if (!file) throw FileError(ENOENT, folder + name);
+
+    DiscCopy copy(disc, *file, id);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (!copy.complete() && copy.size() <= SmallFile && !elapsed.hasExpired(PatienceMilliseconds)) copy.step();
+    if (copy.complete()) return copy.path();
+
+    frmCopyFile progress(program, copy, file->name);
+    progress.ShowModal();
+    if (progress.error()) throw RuntimeError(*progress.error());
+    return copy.complete() ? copy.path() : QString();
+}
+
+void OpenDiscFile(Program& program, Drive& drive, const QString& id, const QString& folder, const QString& name)
+{
+    try {
+        const QString mountPoint = drive.mountPoint();
+        QString path = mountPoint.isEmpty() ? QString() : MountedPath(mountPoint, folder, name);
+        if (path.isEmpty()) path = copyOf(program, drive, id, folder, name);
+        if (path.isEmpty()) return;
+        const bool start = ReadFilesAction(program) == FilesAction::StartFile;
+        if (!(start ? program.desktop.openFile(path) : program.desktop.openFolderOf(path)))
+            program.dialogs.MsgBox(
+                u"Не удалось открыть файл '%1'. Проверьте, назначена ли для него программа."_s.arg(name));
+    } catch (const RuntimeError& error) {
+        program.dialogs.MsgBox(u"Не удалось открыть файл '%1'.\r%2"_s.arg(name, error.description()));
+    }
+}
