@@ -5,14 +5,31 @@
 #include "platform/XdgDesktop.h"
 #include "store/DatabaseSet.h"
 #include "store/StartUp.h"
+#include "ui/Icons.h"
 #include "ui/QtDialogs.h"
 #include "ui/Theme.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
+#include <cstdio>
 #include <cstdlib>
 #include <optional>
+
+/// False when the last writes could not be kept.
+static bool closeDatabases(DBEngine& engine)
+{
+    bool kept = false;
+    try {
+        engine.Commit();
+        kept = true;
+        engine.ReleaseAll();
+    } catch (const RuntimeError& error) {
+        // A file that a window still has open stays so: what is in it is whole all the same.
+        if (!kept) std::fprintf(stderr, "vinora: %s\n", error.what());
+    }
+    return kept;
+}
 
 int main(int argc, char** argv)
 {
@@ -26,6 +43,7 @@ int main(int argc, char** argv)
     if (buttons.load(u"qtbase_ru"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&buttons);
     Theme::apply(application);
+    QApplication::setWindowIcon(icon(u"app"_s));
 
     const SystemClock clock;
     DBEngine engine(clock);
@@ -51,12 +69,7 @@ int main(int argc, char** argv)
                     .dialogs = dialogs,
                     .desktop = desktop,
                     .endProcess = [&](int code) {
-                        try {
-                            engine.Commit();
-                        } catch (const RuntimeError& error) {
-                            std::fprintf(stderr, "vinora: %s\n", error.what());
-                            code = EXIT_FAILURE;
-                        }
+                        if (!closeDatabases(engine)) code = EXIT_FAILURE;
                         instance.reset();
                         std::fflush(nullptr);
                         std::_Exit(code);

@@ -164,8 +164,8 @@ void frmMain::repeatLastAdd()
 void frmMain::changeCategory()
 {
     Guarded("frmMain, ID_Catalog_ChangeCategory()"_L1, [&] {
-        tmrCheckCD->setEnabled(false);
-        if (!ChangeCategory(program, ID_DB_DefaultCDDVDROM->currentText())) return;
+        const auto stopWatch = [this] { tmrCheckCD->setEnabled(false); };
+        if (!ChangeCategory(program, ID_DB_DefaultCDDVDROM->currentText(), stopWatch)) return;
         tmrCheckCD->setEnabled(true);
         CheckCD();
         showDrive();

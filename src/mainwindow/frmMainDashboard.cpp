@@ -83,8 +83,8 @@ void frmMain::ResetDiscSigns()
 
 void frmMain::tmrCheckCD_Timer()
 {
+    m_watch.tick(); // guarded by itself: it asks the user only while no routine is under way
     Guarded("frmMain, tmrCheckCD_Timer()"_L1, [&] {
-        m_watch.tick();
         paintSigns();
         showDrive();
     });

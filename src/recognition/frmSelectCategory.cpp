@@ -1,21 +1,28 @@
 #include "recognition/frmSelectCategory.h"
 
 #include "store/CatalogueKind.h"
+#include "ui/Icons.h"
+#include "ui/Theme.h"
 
 #include <algorithm>
 
 frmSelectCategory::frmSelectCategory(Program& program)
     : Screen(program, u"frmSelectCategory"_s, u"Выбор категории диска"_s)
 {
-    // The three words differ in their first letters, which are the keys.
-    for (std::size_t i = 0; i < options().size(); ++i) options()[i]->setText(u'&' + AllCatalogues()[i]->mediumCaption);
+    for (std::size_t i = 0; i < options().size(); ++i) {
+        const CatalogueKind& kind = *AllCatalogues()[i];
+        options()[i]->setText(u'&' + kind.mediumCaption); // their first letters differ
+        options()[i]->setIcon(icon(kind.icon, Theme::accent(kind.accent, palette())));
+    }
     optAD->setChecked(true);
-    lblTrabl->setWordWrap(true);
-    lblInfo->setWordWrap(true);
+    for (QLabel* text : {lblTrabl, lblInfo}) {
+        text->setWordWrap(true);
+        text->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
+    }
     imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Отнести диск к выбранной категории"_s);
     imgButton[0]->setDefault(true);
     imgButton[1]->setup(u"cancel"_s, u"Отмена"_s, u"Закрыть без выбора"_s);
-    setLayout(column(lblTrabl, group(QString(), column(lblInfo, optAD, optPC, optDVD)),
+    setLayout(column(lblTrabl, lblInfo, group(QString(), column(optAD, optPC, optDVD)),
                      row(stretch, imgButton[0], imgButton[1])));
 
     connect(imgButton[0], &QPushButton::clicked, this, [this] {

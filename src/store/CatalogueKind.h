@@ -47,8 +47,8 @@ struct CatalogueKind {
     QString deleteQuestionTail;
     QString sortedSetting; ///< "ADCDsorted"; with "DESC" behind it the direction
     QList<SortOrder> sortOrders;
-    int autoRespSlots;  ///< how many bindings AutoResp looks at
-    QString listScreen; ///< "frmTrackList", or empty
+    int autoRespSlots;        ///< how many bindings AutoResp looks at
+    QString listScreen;       ///< "frmTrackList", or empty
     QString listCommand = {}; ///< "cmdTracks", or empty
     int coverButton = 8;      ///< imgButton that changes the cover; the next one deletes it
 

@@ -84,13 +84,23 @@ private:
     {
         if (const Page* known = m_pages.object(number)) return *known;
         auto* fresh = new Page;
-        const int first = number * PageRows;
-        // The recordset may have been closed or cut short since the rows were counted.
-        const int behind = std::min(first + PageRows, m_control ? m_control->recordCount() : 0);
-        for (int row = first; row < behind; ++row) fresh->append(texts(m_control->recordset().row(row)));
-        while (fresh->size() < PageRows) fresh->append(QStringList());
+        try {
+            read(number * PageRows, *fresh);
+        } catch (const RuntimeError& error) {
+            // Nothing may leave a painting view. The page stays blank, and the error comes up from the event loop.
+            QMetaObject::invokeMethod(
+                m_control, [error] { throw error; }, Qt::QueuedConnection);
+        }
+        fresh->resize(PageRows);
         m_pages.insert(number, fresh);
         return *fresh;
+    }
+
+    void read(int first, Page& page) const
+    {
+        // The recordset may have been closed or cut short since the rows were counted.
+        const int behind = std::min(first + PageRows, m_control ? m_control->recordCount() : 0);
+        for (int row = first; row < behind; ++row) page.append(texts(m_control->recordset().row(row)));
     }
 
     QStringList texts(const QList<Value>& values) const

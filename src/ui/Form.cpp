@@ -23,7 +23,9 @@ public:
 
     void comeBack()
     {
-        if (!m_opener) return;
+        // One that has been asked to go meanwhile only gives way to its own opener.
+        auto* form = qobject_cast<Form*>(m_opener);
+        if (!m_opener || (form && form->unloading())) return;
         m_opener->setGeometry(m_place); // without it a dialog is centred anew
         m_opener->show();
         m_opener->activateWindow();
@@ -69,7 +71,7 @@ void Form::Load()
 void Form::ShowModal(Dialogs& dialogs, QWidget* opener)
 {
     Q_ASSERT(!m_loop && !m_activated);
-    m_opener = opener;
+    m_opener = opener ? opener->window() : nullptr;
     Load();
     if (m_unloading)
         Form_Unload();

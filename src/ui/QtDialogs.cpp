@@ -127,6 +127,7 @@ QString QtDialogs::InputBox(const QString& prompt, const QString& title, const Q
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
     }
+    box.setMinimumWidth(60 * box.fontMetrics().averageCharWidth());
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 

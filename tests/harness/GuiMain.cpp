@@ -1,4 +1,5 @@
 #include "frame/Program.h"
+#include "harness/QuickFolder.h"
 #include "harness/Script.h"
 
 #include <QApplication>
@@ -43,10 +44,11 @@ private:
     }
 };
 
-/// The offscreen platform complains of what no script needs.
+/// Platforms complain of what no script needs.
 void printMessage(QtMsgType, const QMessageLogContext&, const QString& message)
 {
-    if (!message.startsWith(u"This plugin does not support")) std::fprintf(stderr, "%s\n", qPrintable(message));
+    const bool idle = message.startsWith(u"This plugin does not support") || message.contains(u"XDG_RUNTIME_DIR");
+    if (!idle) std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 }
 
@@ -54,6 +56,7 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(printMessage);
+    UseQuickTemporaryFolder();
     // With GLib's loop no one can tell when it is idle.
     qputenv("QT_NO_GLIB", "1");
     qputenv("QT_ACCESSIBILITY", "0");

@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
+#include <gtest/gtest-spi.h>
 
 namespace {
 /// A browser in small: a grid, two boxes, and an account of what the control raises.
@@ -191,6 +192,24 @@ TEST_F(BoundRows, EditedRowsAreReadAgainAndClosingEmptiesAll)
         EXPECT_NO_THROW(engine.Release(path));
         co_return;
     });
+}
+
+TEST_F(BoundRows, AnErrorWhilePaintingComesUpFromTheEventLoop)
+{
+    fill(2);
+    Browser form(*database);
+    bool broken = false;
+    form.DBGrid->setColumns({{.field = u"Название"_s, .caption = {}, .format = [&](const Value& value) {
+                                  if (broken) throw RuntimeError(3051, u"Диск исчез."_s);
+                                  return value.text();
+                              }}});
+    EXPECT_NONFATAL_FAILURE(open(form,
+                                 [&]() -> Script {
+                                     broken = true;
+                                     co_await act([&] { emit form.dcDatabase->rowsChanged(); });
+                                     co_await key(Qt::Key_Tab);
+                                 }),
+                            "An exception left a routine: 3051: Диск исчез.");
 }
 
 TEST_F(BoundRows, AFullCatalogueOpensAndJumpsAtOnce)

@@ -3,7 +3,6 @@
 #include "harness/Print.h"
 #include "ui/Form.h"
 
-#include <QPushButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -11,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>

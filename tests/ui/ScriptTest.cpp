@@ -153,3 +153,12 @@ TEST_F(ScriptLanguage, ScriptsCallScripts)
         EXPECT_FALSE(checked("chAll"));
     });
 }
+
+TEST_F(ScriptLanguage, AWatchdogEndsAScriptThatHangs)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    qputenv("VINORA_WATCHDOG", "1");
+    EXPECT_DEATH(open([&]() -> Script { co_await until([] { return false; }); }),
+                 "Nothing has gone on for 1 s. Last: until");
+    qunsetenv("VINORA_WATCHDOG");
+}
