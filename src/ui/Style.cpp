@@ -2,6 +2,7 @@
 
 #include "platform/Literals.h"
 #include "ui/Card.h"
+#include "ui/DesktopScheme.h"
 #include "ui/Icons.h"
 #include "ui/Strokes.h"
 #include "ui/Theme.h"
@@ -86,11 +87,19 @@ QPalette Style::standardPalette() const { return Theme::palette(m_scheme); }
 
 void Style::polish(QPalette& palette)
 {
+    if (!m_scheme.isEmpty()) {
+        palette = Theme::palette(m_scheme);
+        return;
+    }
     // A desktop without colours of its own is known by the toolkit's stock ones.
     const QPalette stock = QProxyStyle::standardPalette();
-    const bool unasked = palette.color(QPalette::Window) == stock.color(QPalette::Window) &&
-                         palette.color(QPalette::Highlight) == stock.color(QPalette::Highlight);
-    if (!m_scheme.isEmpty() || unasked) palette = Theme::palette(m_scheme);
+    const auto isStock = [&](QPalette::ColorRole role) { return palette.color(role) == stock.color(role); };
+    if (!isStock(QPalette::Window) || !isStock(QPalette::Highlight)) return;
+    if (!m_desktop) {
+        m_desktop = new DesktopScheme(this);
+        connect(m_desktop, &DesktopScheme::changed, this, [] { QApplication::setPalette(QPalette()); });
+    }
+    palette = Theme::palette(m_desktop->scheme());
 }
 
 // The pictures of boxes and choosers, from the same hand as all others.

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QProxyStyle>
 
+class DesktopScheme;
 class QStyleOptionButton;
 class QStyleOptionComboBox;
 class QStyleOptionGroupBox;
@@ -24,7 +25,7 @@ class QStyleOptionViewItem;
 class Style : public QProxyStyle {
 public:
     /// `scheme` "light" or "dark" holds the palette to the program's own colours; empty follows the desktop's palette,
-    /// and takes the program's own light one where the desktop has none.
+    /// and where it has none takes the program's own, light unless the desktop asks for dark.
     explicit Style(const QString& scheme = {});
 
     QPalette standardPalette() const override;
@@ -83,6 +84,7 @@ private:
     QRect scrollBarRect(const QStyleOptionSlider& option, SubControl part) const;
 
     QString m_scheme;
+    DesktopScheme* m_desktop = nullptr; // asked only where the desktop gives no palette
     // Bars whose length of work is unknown move while they are in sight.
     QList<QPointer<QWidget>> m_bars;
     QBasicTimer m_busy;

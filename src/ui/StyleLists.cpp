@@ -59,6 +59,9 @@ void drawHandle(QPainter& painter, const QStyleOption* option)
     }
 }
 
+// In a menu without pictures and ticks the words begin at its edge.
+bool hasMarks(const QStyleOptionMenuItem& option) { return option.maxIconWidth > 0 || option.menuHasCheckableItems; }
+
 void drawSeparator(QPainter& painter, const QStyleOption* option)
 {
     const QRect& rect = option->rect;
@@ -164,7 +167,7 @@ void Style::drawMenuItem(const QStyleOptionMenuItem& option, QPainter& painter, 
     }
 
     painter.setFont(option.font);
-    const int left = mark.right() + qRound(h * 0.7), right = qRound(h * 1.3);
+    const int left = hasMarks(option) ? mark.right() + qRound(h * 0.7) : mark.left() + h / 4, right = qRound(h * 1.3);
     const QRect words(left, rect.top(), rect.right() - right - left, rect.height());
     const QString text = option.text.section(u'\t', 0, 0), keys = option.text.section(u'\t', 1);
     int flags = Qt::AlignVCenter | Qt::TextSingleLine;
@@ -266,8 +269,9 @@ void Style::drawViewItem(const QStyleOptionViewItem& option, QPainter& painter, 
     item.state &= ~(State_Selected | State_MouseOver);
     // Where whole rows are chosen the chosen row and the frame say where the keyboard is.
     const auto* view = qobject_cast<const QAbstractItemView*>(widget);
-    if (option.state & State_Selected && view && view->selectionBehavior() == QAbstractItemView::SelectRows)
-        item.state &= ~State_HasFocus;
+    const bool wholeRows = view && view->selectionBehavior() == QAbstractItemView::SelectRows;
+    const bool inPopup = view && view->window()->windowType() == Qt::Popup;
+    if (option.state & State_Selected && (wholeRows || inPopup)) item.state &= ~State_HasFocus;
     QProxyStyle::drawControl(CE_ItemViewItem, &item, &painter, widget);
 }
 
