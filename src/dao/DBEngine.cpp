@@ -11,8 +11,7 @@ using namespace DaoErrorNumber;
 
 namespace {
 
-constexpr int IdleTime = 30'000;    // ms that a connection is kept without a handle
-constexpr int LongestGroup = 1'000; // ms of a routine that yields
+constexpr int LongestGroup = 1'000; // ms, of a routine that yields
 
 /// One name for a file however it is reached, also for one that is gone.
 QString fileKey(const QString& path)
@@ -66,7 +65,7 @@ struct DBEngine::State : std::enable_shared_from_this<DBEngine::State> {
         QElapsedTimer idle;
     };
 
-    explicit State(const Clock& clock) : clock(clock) {}
+    State(const Clock& clock, std::chrono::milliseconds keepIdle) : clock(clock), keepIdle(keepIdle) {}
 
     std::shared_ptr<Connection> open(const QString& path, Connection::Mode mode);
     void release(const QString& key);
@@ -74,6 +73,7 @@ struct DBEngine::State : std::enable_shared_from_this<DBEngine::State> {
     void becameIdle(const QString& key);
 
     const Clock& clock;
+    const std::chrono::milliseconds keepIdle;
     Groups groups;                    // outlives the connections
     QHash<QString, Entry> entries[2]; ///< by mode
     std::unique_ptr<QTimer> timer;
@@ -111,7 +111,7 @@ void DBEngine::State::becameIdle(const QString& key)
         timer->setSingleShot(true);
         QObject::connect(timer.get(), &QTimer::timeout, timer.get(), [this] { releaseIdle(); });
     }
-    if (!timer->isActive()) timer->start(IdleTime);
+    if (!timer->isActive()) timer->start(keepIdle);
 }
 
 void DBEngine::State::releaseIdle()
@@ -120,11 +120,11 @@ void DBEngine::State::releaseIdle()
     for (auto& byMode : entries)
         for (auto entry = byMode.begin(); entry != byMode.end();) {
             const bool idle = entry->handles.expired() && !entry->connection->inGroup();
-            const bool due = idle && entry->idle.hasExpired(IdleTime - 100);
+            const bool due = idle && entry->idle.hasExpired(keepIdle.count() * 9 / 10);
             waiting = waiting || (idle && !due);
             entry = due ? byMode.erase(entry) : std::next(entry);
         }
-    if (waiting) timer->start(IdleTime);
+    if (waiting) timer->start(keepIdle);
 }
 
 void DBEngine::State::release(const QString& key)
@@ -141,7 +141,8 @@ void DBEngine::State::release(const QString& key)
     }
 }
 
-DBEngine::DBEngine(const Clock& clock) : d(std::make_shared<State>(clock)) {}
+DBEngine::DBEngine(const Clock& clock, std::chrono::milliseconds keepIdle) : d(std::make_shared<State>(clock, keepIdle))
+{}
 
 DBEngine::~DBEngine() = default;
 

@@ -4,7 +4,8 @@
 #include "platform/Clock.h"
 #include "platform/RuntimeError.h"
 
-#include <QHash>
+#include <chrono>
+#include <memory>
 
 /// Numbers of errors that routines handle themselves.
 namespace DaoErrorNumber {
@@ -48,7 +49,8 @@ inline constexpr int WrongType = 3421;
 /// A kill leaves whole groups.
 class DBEngine {
 public:
-    explicit DBEngine(const Clock& clock);
+    /// `keepIdle`: how long a connection outlives its last handle, where an event loop runs.
+    explicit DBEngine(const Clock& clock, std::chrono::milliseconds keepIdle = std::chrono::seconds(30));
     ~DBEngine();
     DBEngine(const DBEngine&) = delete;
     DBEngine& operator=(const DBEngine&) = delete;

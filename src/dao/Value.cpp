@@ -26,6 +26,9 @@ double number(const QString& text)
 
 } // namespace
 
+Value& Value::operator=(const Value&) = default;
+Value& Value::operator=(Value&&) noexcept = default;
+
 Value Value::fromIso(const QString& text)
 {
     const bool timed = text.size() == 19;

@@ -22,6 +22,12 @@ public:
     Value(const QDateTime& moment) : Value(moment.date(), moment.time()) {}
     Value(const char16_t* text) : m_value(QString::fromUtf16(text)) {}
     Value(const char*) = delete;
+    Value(const Value&) = default;
+    Value(Value&&) noexcept = default;
+    // Not inline: GCC 12 takes a variant that is assigned to for an uninitialized one.
+    Value& operator=(const Value&);
+    Value& operator=(Value&&) noexcept;
+    ~Value() = default;
 
     /// The date that "yyyy-MM-dd", alone or with " hh:mm:ss" behind it, says; any other text as it is.
     static Value fromIso(const QString& text);
