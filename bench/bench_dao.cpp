@@ -168,6 +168,24 @@ int main(int argc, char** argv)
     measure("the bare scan of them", 7, Files, [&, n = 0]() mutable {
         db.Scalar(u"SELECT Count(*) FROM [1A2B3C4D] WHERE length(Имя) = %1"_s.arg(++n + 1000));
     });
+    {
+        CommandScope scope(engine);
+        for (int i = 0; i < 2000; ++i) {
+            const QString list = u"%1A"_s.arg(i);
+            db.CreateTable({list,
+                            {{u"Имя"_s, FieldType::Text, 255},
+                             {u"Путь"_s, FieldType::Text, 255},
+                             {u"Размер"_s, FieldType::Text, 11},
+                             {u"Комментарий"_s, FieldType::Text, 50}},
+                            {},
+                            {}});
+            db.Execute(u"INSERT INTO [%1] SELECT * FROM [1A2B3C4D] LIMIT 50 OFFSET %2"_s.arg(list).arg(i * 50));
+        }
+    }
+    measure("LIKE '*text*' over 100,000 files in 2,000 lists", 5, Files, [&, n = 0]() mutable {
+        const QString criterion = u"Имя LIKE \"*сочинение%1*\""_s.arg(++n);
+        for (int i = 0; i < 2000; ++i) db.OpenRecordset(u"%1A"_s.arg(i)).FindFirst(criterion);
+    });
     measure("DISTINCT folders of them", 3, 1,
             [&] { db.OpenRecordset(u"SELECT DISTINCT(Путь) FROM [1A2B3C4D] ORDER BY Путь"); });
     return 0;

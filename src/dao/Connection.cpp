@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <sqlite3.h>
 #include <unistd.h>
 
@@ -14,7 +15,7 @@ using namespace DaoErrorNumber;
 namespace {
 
 constexpr int ApplicationId = 0x766E7261; // "vnra"
-constexpr int BusyTimeout = 3000;         // ms
+constexpr int BusyTimeout = 1000;         // ms
 constexpr int MaxValue = 1'000'000;       // bytes of a value, a row, a statement
 
 /// Write-ahead logs make files of their own beside a database, also for one that only reads it.
@@ -81,6 +82,8 @@ Connection::Connection(const QString& path, Mode mode, const Clock& clock, Group
             throw RuntimeError(NotADatabase, u"Файл «%1» не является базой данных этой программы."_s.arg(
                                                  QDir::toNativeSeparators(path)));
         m_file.number("SELECT count(*) FROM sqlite_schema");
+        // SQLite itself notices missing pages, but reads half a page as one that ends in zeros.
+        if (QFileInfo(path).size() % m_file.number("PRAGMA page_size") != 0) m_file.fail(SQLITE_CORRUPT);
     } catch (const RuntimeError& error) {
         // A file that was left in the middle of a write needs repair before it can be read.
         if (mode == Mode::ReadOnly && error.number() == CannotOpenOrWrite)

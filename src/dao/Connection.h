@@ -70,7 +70,8 @@ public:
 
     QString tableNamed(QStringView name) override;
     QStringList fieldsOf(const QString& table) override;
-    const TableInfo& table(const QString& name);
+    /// What a table is made of; it outlives the table for whoever holds it.
+    std::shared_ptr<const TableInfo> table(const QString& name);
     bool hasTable(QStringView name);
     QStringList tableNames();
     void createTable(const TableDef& table);
@@ -101,6 +102,6 @@ private:
     QStringList m_tableNames;                ///< in order of creation
     QHash<QString, QString> m_namesByFolded; ///< in lower case
     qint64 m_namesVersion = -1;              ///< schema_version they were read at
-    QHash<QString, std::shared_ptr<TableInfo>> m_tables;
+    QHash<QString, std::shared_ptr<const TableInfo>> m_tables;
     QHash<QString, qint64> m_counters; ///< last number given, by table
 };

@@ -53,9 +53,9 @@ QStringList Connection::tableNames()
     return m_tableNames;
 }
 
-const TableInfo& Connection::table(const QString& name)
+std::shared_ptr<const TableInfo> Connection::table(const QString& name)
 {
-    if (const auto known = m_tables.constFind(name); known != m_tables.constEnd()) return **known;
+    if (const auto known = m_tables.constFind(name); known != m_tables.constEnd()) return *known;
     auto info = std::make_shared<TableInfo>();
     info->name = name;
     Statement columns(m_file, u"PRAGMA table_info(%1)"_s.arg(QuotedName(name)));
@@ -74,13 +74,13 @@ const TableInfo& Connection::table(const QString& name)
         info->counter = counter != 0;
     }
     m_tables.insert(name, info);
-    return *info;
+    return info;
 }
 
 QStringList Connection::fieldsOf(const QString& name)
 {
     QStringList names;
-    for (const FieldInfo& field : table(name).fields) names += field.name;
+    for (const FieldInfo& field : table(name)->fields) names += field.name;
     return names;
 }
 

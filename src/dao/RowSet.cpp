@@ -190,9 +190,10 @@ const std::vector<int>& KeyedRows::matches(QStringView criterion, const QList<Va
     return m_found;
 }
 
-const TableInfo* KeyedRows::editable() const
+const TableInfo* KeyedRows::editable()
 {
-    return stride() == 1 ? &m_connection.table(m_select.sources.first().table) : nullptr;
+    if (!m_table && stride() == 1) m_table = m_connection.table(m_select.sources.first().table);
+    return m_table.get();
 }
 
 void KeyedRows::append(qint64 key)

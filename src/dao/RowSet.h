@@ -26,7 +26,7 @@ public:
     /// Positions of the rows that a criterion holds for, ascending. Error 3251 for rows that are held as values.
     virtual const std::vector<int>& matches(QStringView criterion, const QList<Value>& parameters) = 0;
     /// The table whose rows can be edited, null for joins and values.
-    virtual const TableInfo* editable() const = 0;
+    virtual const TableInfo* editable() = 0;
 
     virtual void append(qint64 key) = 0;
     virtual void remove(int position) = 0;
@@ -49,7 +49,7 @@ public:
     QList<qint64> key(int position) override;
     int find(const QList<qint64>& key) override;
     const std::vector<int>& matches(QStringView criterion, const QList<Value>& parameters) override;
-    const TableInfo* editable() const override;
+    const TableInfo* editable() override;
     void append(qint64 key) override;
     void remove(int position) override;
     void replace(int position, qint64 key, const Row& row) override;
@@ -65,6 +65,7 @@ private:
     Connection& m_connection;
     SelectSql m_select;
     QList<Value> m_parameters;
+    std::shared_ptr<const TableInfo> m_table; ///< once it was asked for
     std::shared_ptr<Statement> m_rowByKeys;
     std::optional<std::vector<qint64>> m_keys; ///< one per source and row, row by row
     std::vector<int> m_byKey;                  ///< positions in order of their keys; empty when not needed yet
@@ -91,7 +92,7 @@ public:
     QList<qint64> key(int) override { return {}; }
     int find(const QList<qint64>&) override { return -1; }
     const std::vector<int>& matches(QStringView, const QList<Value>&) override;
-    const TableInfo* editable() const override { return nullptr; }
+    const TableInfo* editable() override { return nullptr; }
     void append(qint64) override {}
     void remove(int) override {}
     void replace(int, qint64, const Row&) override {}

@@ -155,9 +155,13 @@ void Statement::bind(int parameter, const Value& value)
     } else if (value.isNull()) {
         code = sqlite3_bind_null(m_statement, parameter);
     } else {
-        const QByteArray utf8 = value.text().toUtf8();
+        if (m_texts.empty()) m_texts.resize(parameters());
+        if (parameter > static_cast<int>(m_texts.size())) m_file.fail(SQLITE_RANGE, m_table);
+        QByteArray& utf8 = m_texts[parameter - 1];
+        const auto* text = std::get_if<QString>(&value.m_value);
+        utf8 = text ? text->toUtf8() : value.text().toUtf8();
         code = sqlite3_bind_text(m_statement, parameter, utf8.constData(), static_cast<int>(utf8.size()),
-                                 SQLITE_TRANSIENT);
+                                 SQLITE_STATIC);
     }
     if (code != SQLITE_OK) m_file.fail(code, m_table);
 }

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -79,6 +80,7 @@ private:
     SqliteFile& m_file;
     QString m_table;
     sqlite3_stmt* m_statement = nullptr;
+    std::vector<QByteArray> m_texts; ///< of the parameters, which SQLite reads where they are
 };
 
 class Running {
