@@ -29,8 +29,8 @@ struct IconColours {
 
 class PaletteIcon : public QIconEngine {
 public:
-    PaletteIcon(const QString& name, const QColor& accent, std::optional<int> catalogue) :
-        m_name(name), m_accent(accent), m_catalogue(catalogue)
+    PaletteIcon(const QString& name, const QColor& accent, std::optional<int> catalogue)
+        : m_name(name), m_accent(accent), m_catalogue(catalogue)
     {
         QFile file(Folder + name + ".svg"_L1);
         if (file.open(QIODevice::ReadOnly)) m_drawing = file.readAll();
@@ -47,8 +47,10 @@ public:
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
         const IconColours c = colours(mode);
-        const QString key = u"vinora/%1/%2x%3/%4/%5/%6"_s.arg(m_name).arg(size.width()).arg(size.height()).arg(
-            c.ink.name(), c.accent.name(), c.tint.name());
+        const QString key = u"vinora/%1/%2x%3/%4/%5/%6"_s.arg(m_name)
+                                .arg(size.width())
+                                .arg(size.height())
+                                .arg(c.ink.name(), c.accent.name(), c.tint.name());
         QPixmap picture;
         if (QPixmapCache::find(key, &picture)) return picture;
         picture = QPixmap(size);
@@ -90,8 +92,7 @@ private:
     QByteArray coloured(const IconColours& c) const
     {
         QByteArray drawing = m_drawing;
-        // The places are found in one sweep each; a replacement never looks like a later place, for a palette
-        // that happens to hold a drawn colour gets that very colour.
+        // By way of names, since a colour of the palette may be one of those drawn.
         drawing.replace(DrawnInk, "{ink}").replace(DrawnAccent, "{accent}").replace(DrawnTint, "{tint}");
         return drawing.replace("{ink}", c.ink.name().toLatin1())
             .replace("{accent}", c.accent.name().toLatin1())

@@ -47,7 +47,9 @@ void Strokes::chevron(QPainter& painter, const QRectF& rect, Towards towards, qr
 void Strokes::tick(QPainter& painter, const QRectF& rect, const QColor& colour)
 {
     Drawing drawing(painter, colour, qMax(1.6, rect.width() / 7));
-    const auto at = [&](qreal x, qreal y) { return QPointF(rect.x() + rect.width() * x, rect.y() + rect.height() * y); };
+    const auto at = [&](qreal x, qreal y) {
+        return QPointF(rect.x() + rect.width() * x, rect.y() + rect.height() * y);
+    };
     const QPointF points[] = {at(0.22, 0.53), at(0.42, 0.72), at(0.78, 0.3)};
     painter.drawPolyline(points, 3);
 }

@@ -259,8 +259,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
     case SH_ItemView_PaintAlternatingRowColorsForEmptyArea:
     case SH_MessageBox_CenterButtons:
     case SH_ScrollBar_Transient: return 0;
-    case SH_ItemView_ShowDecorationSelected:
-    case SH_ScrollBar_LeftClickAbsolutePosition: return hint == SH_ItemView_ShowDecorationSelected;
+    case SH_ItemView_ShowDecorationSelected: return 1;
     case SH_DialogButtonLayout: return 0; // accepting to the left of refusing, both at the right
     case SH_TabBar_Alignment: return Qt::AlignLeft;
     case SH_Table_GridLineColor:

@@ -342,9 +342,12 @@ void Style::drawSlider(const QStyleOptionSlider& option, QPainter& painter, cons
     Strokes::roundRect(painter, filled, thick, done);
 
     const bool focused = enabled && option.state & State_HasFocus;
-    const qreal side = qMin(handle.width(), handle.height());
+    const QRectF all = option.rect;
+    const qreal side = qMin(qMin(handle.width(), handle.height()), upright ? all.width() : all.height());
     QRectF knob(0, 0, side, side);
     knob.moveCenter(handle.center());
+    knob.moveTopLeft(QPointF(qBound(all.left(), knob.left(), all.right() - side),
+                             qBound(all.top(), knob.top(), all.bottom() - side)));
     Strokes::roundRect(painter, knob, side, enabled ? QColor(Qt::white) : palette.color(QPalette::Window),
                        focused ? done : edge(&option), focused ? 2 : 1);
     if (enabled) Strokes::roundRect(painter, knob.adjusted(side / 3, side / 3, -side / 3, -side / 3), side, done);

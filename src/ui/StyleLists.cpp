@@ -288,14 +288,14 @@ QRect Style::scrollBarRect(const QStyleOptionSlider& option, SubControl part) co
                         length);
     const int start = sliderPositionFromValue(option.minimum, option.maximum, option.sliderPosition, length - handle,
                                               option.upsideDown);
-    const auto part_ = [&](int from, int size) {
+    const auto piece = [&](int from, int size) {
         return level ? QRect(all.left() + from, all.top(), size, all.height())
                      : QRect(all.left(), all.top() + from, all.width(), size);
     };
     switch (part) {
-    case SC_ScrollBarSlider: return visualRect(option.direction, all, part_(start, handle));
-    case SC_ScrollBarSubPage: return visualRect(option.direction, all, part_(0, start));
-    case SC_ScrollBarAddPage: return visualRect(option.direction, all, part_(start + handle, length - start - handle));
+    case SC_ScrollBarSlider: return visualRect(option.direction, all, piece(start, handle));
+    case SC_ScrollBarSubPage: return visualRect(option.direction, all, piece(0, start));
+    case SC_ScrollBarAddPage: return visualRect(option.direction, all, piece(start + handle, length - start - handle));
     case SC_ScrollBarGroove: return all;
     default: return {};
     }

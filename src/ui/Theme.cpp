@@ -32,7 +32,8 @@ const QStringList& interfaceFamilies()
 
 bool isPlaceholder(const QFont& font)
 {
-    static const QStringList generic{u"sans serif"_s, u"sans"_s, u"sans-serif"_s, u"helvetica"_s, u"dejavu sans"_s, QString()};
+    static const QStringList generic{u"sans serif"_s, u"sans"_s,        u"sans-serif"_s,
+                                     u"helvetica"_s,  u"dejavu sans"_s, QString()};
     return generic.contains(font.family().toLower());
 }
 
@@ -69,7 +70,10 @@ void Theme::apply(QApplication& application, const QString& scheme)
     application.setStyle(new Style(scheme));
 }
 
-bool Theme::dark(const QPalette& palette) { return palette.color(QPalette::Active, QPalette::Window).lightness() < 128; }
+bool Theme::dark(const QPalette& palette)
+{
+    return palette.color(QPalette::Active, QPalette::Window).lightness() < 128;
+}
 
 QPalette Theme::palette(const QString& scheme)
 {
@@ -78,7 +82,8 @@ QPalette Theme::palette(const QString& scheme)
     QPalette palette;
     const auto set = [&](QPalette::ColorRole role, const QColor& colour) { palette.setColor(role, colour); };
     set(QPalette::Window, window);
-    for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) set(role, text);
+    for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+        set(role, text);
     set(QPalette::Base, QColor::fromRgb(c.base));
     set(QPalette::AlternateBase, QColor::fromRgb(c.alternate));
     set(QPalette::Button, QColor::fromRgb(c.button));
@@ -105,8 +110,8 @@ QPalette Theme::palette(const QString& scheme)
 QColor Theme::mix(const QColor& colour, const QColor& other, qreal share)
 {
     const auto part = [share](int a, int b) { return qRound(a + (b - a) * share); };
-    return QColor(part(colour.red(), other.red()), part(colour.green(), other.green()), part(colour.blue(), other.blue()),
-                  part(colour.alpha(), other.alpha()));
+    return QColor(part(colour.red(), other.red()), part(colour.green(), other.green()),
+                  part(colour.blue(), other.blue()), part(colour.alpha(), other.alpha()));
 }
 
 QColor Theme::accent(int index, const QPalette& palette)
