@@ -10,7 +10,6 @@
 #include <scsi/sg.h>
 
 namespace {
-constexpr int LeadIn = 150;
 constexpr int SectorSize = 2048;
 
 template<class Structure> bool Ask(CdDevice& device, unsigned long request, Structure& structure)
@@ -24,7 +23,8 @@ bool ReadEntry(CdDevice& device, int track, cdrom_tocentry& entry)
     entry = {};
     entry.cdte_track = __u8(track);
     entry.cdte_format = CDROM_LBA;
-    return Ask(device, CDROMREADTOCENTRY, entry) && entry.cdte_addr.lba >= -LeadIn && entry.cdte_addr.lba < 1 << 30;
+    return Ask(device, CDROMREADTOCENTRY, entry) && entry.cdte_addr.lba >= -LeadInFrames &&
+           entry.cdte_addr.lba < 1 << 30;
 }
 
 bool ReadTracks(CdDevice& device, TableOfContents& contents)
@@ -36,10 +36,10 @@ bool ReadTracks(CdDevice& device, TableOfContents& contents)
     for (int number = header.cdth_trk0; number <= header.cdth_trk1; ++number) {
         if (!ReadEntry(device, number, entry)) return false;
         const bool audio = (entry.cdte_ctrl & CDROM_DATA_TRACK) == 0;
-        contents.tracks.append({number, audio, Msf::fromFrames(entry.cdte_addr.lba + LeadIn), {}, {}});
+        contents.tracks.append({number, audio, Msf::fromFrames(entry.cdte_addr.lba + LeadInFrames), {}, {}});
     }
     if (!ReadEntry(device, CDROM_LEADOUT, entry)) return false;
-    contents.leadOut = Msf::fromFrames(entry.cdte_addr.lba + LeadIn);
+    contents.leadOut = Msf::fromFrames(entry.cdte_addr.lba + LeadInFrames);
     return true;
 }
 
@@ -83,8 +83,8 @@ TableOfContents ReadDeviceContents(CdDevice& device)
     const qint64 sectors = ReadMediumSize(device) / SectorSize;
     if (sectors == 0 || sectors > 1 << 30) throw DiscError(u"Диск пуст или не читается."_s);
     contents = {};
-    contents.tracks.append({1, false, Msf::fromFrames(LeadIn), {}, {}});
-    contents.leadOut = Msf::fromFrames(LeadIn + int(sectors));
+    contents.tracks.append({1, false, Msf::fromFrames(LeadInFrames), {}, {}});
+    contents.leadOut = Msf::fromFrames(LeadInFrames + int(sectors));
     return contents;
 }
 

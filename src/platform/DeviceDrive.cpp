@@ -56,6 +56,10 @@ bool DeviceDrive::Access::hasMedium()
     if (!open) open = device->open() == 0;
     if (!open) return false;
     const int status = device->ioctl(CDROM_DRIVE_STATUS, CDSL_CURRENT);
+    if (status < 0) { // pulled out, perhaps to come back
+        device->close();
+        open = false;
+    }
     return status == CDS_DISC_OK || status == CDS_NO_INFO;
 }
 

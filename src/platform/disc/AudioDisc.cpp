@@ -6,7 +6,6 @@
 #include <cerrno>
 
 namespace {
-constexpr int LeadIn = 150;
 constexpr int TrackFileSize = 44;
 
 QString TrackFileName(int number) { return u"Track%1.cda"_s.arg(number, 2, 10, QChar(u'0')); }
@@ -70,7 +69,7 @@ QByteArray AudioTrackFile(const TableOfContents& contents, const QString& name)
         Append16(file, 1);
         Append16(file, quint16(track.number));
         Append32(file, AudioSerial(contents));
-        Append32(file, quint32(track.start.toFrames() - LeadIn));
+        Append32(file, quint32(track.start.toFrames() - LeadInFrames));
         Append32(file, quint32(length));
         Append32(file, Packed(track.start));
         Append32(file, Packed(Msf::fromFrames(length)));

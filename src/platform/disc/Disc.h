@@ -35,6 +35,8 @@ struct DiscEntry {
     bool operator==(const DiscEntry&) const = default;
 };
 
+inline constexpr int LeadInFrames = 150;
+
 /// A position on a CD, two seconds of lead-in counted: the first track of most discs starts at 00:02:00.
 struct Msf {
     int minutes = 0, seconds = 0, frames = 0;

@@ -12,7 +12,6 @@ struct SectorFormat {
     bool audio = false;
 };
 
-inline constexpr int LeadInFrames = 150;
 inline constexpr int RawSectorSize = 2352; ///< also what a frame of audio takes
 
 /// A run of data sectors in a file.

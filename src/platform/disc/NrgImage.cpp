@@ -69,10 +69,9 @@ public:
     {
         QByteArray cdText;
         for (qint64 total = 0;;) {
-            Chunk head(bytes(at, 8));
-            const QByteArray id = bytes(at, 4);
-            head.skip(4);
-            const qint64 size = head.number<quint32>();
+            const QByteArray head = bytes(at, 8);
+            const QByteArray id = head.first(4);
+            const qint64 size = qFromBigEndian<quint32>(head.constData() + 4);
             total += size + 8;
             if (total > MostChunkBytes) throw Damaged();
             if (id == "END!") break;

@@ -10,6 +10,7 @@
 
 namespace {
 constexpr int FramesPerSecond = 75;
+constexpr int MostChunks = 1000, MostNames = 1000; ///< far beyond any true file; a hostile one ends there
 
 quint32 Little32(const QByteArray& bytes, qsizetype at) { return qFromLittleEndian<quint32>(bytes.constData() + at); }
 
@@ -18,7 +19,8 @@ quint32 Little32(const QByteArray& bytes, qsizetype at) { return qFromLittleEndi
 std::optional<qint64> FramesOfWave(SectorSource& file)
 {
     quint32 bytesPerSecond = 0;
-    for (qint64 at = 12; at + 8 <= file.size();) {
+    qint64 at = 12;
+    for (int chunks = 0; at + 8 <= file.size() && chunks < MostChunks; ++chunks) {
         const QByteArray head = file.read(at, 8);
         const qint64 length = std::min<qint64>(Little32(head, 4), file.size() - at - 8);
         if (head.startsWith("fmt ") && length >= 16) bytesPerSecond = Little32(file.read(at + 8, 16), 8);
@@ -70,7 +72,8 @@ std::optional<qint64> FramesOfSound(SectorSource& file)
 FindSectorFile FilesBeside(const QString& sheetPath)
 {
     const QFileInfo sheet(sheetPath);
-    return [folder = sheet.absoluteDir(), base = sheet.completeBaseName()](const QString& name) {
+    return [folder = sheet.absoluteDir(), base = sheet.completeBaseName(), names = 0](const QString& name) mutable {
+        if (++names > MostNames) throw DiscError(u"Описание диска называет слишком много файлов."_s);
         std::optional<SectorFile> found;
         const QString path = FindFile(folder, base, name);
         if (path.isEmpty()) return found;
