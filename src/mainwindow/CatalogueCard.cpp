@@ -7,6 +7,8 @@
 #include "ui/Theme.h"
 
 #include <QAction>
+#include <QEvent>
+#include <QGuiApplication>
 
 namespace {
 /// Endings of a card's controls: the counters', the disc sign's and the logo's.
@@ -63,11 +65,11 @@ CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* 
       fraFindDue(make<QFrame>(u"fraFindDue"_s + endings(kind).counter)),
       imgFindDue(make<IconLabel>(u"imgFindDue"_s + endings(kind).counter)),
       lblFindDue(make<QLabel>(u"lblFindDue"_s + endings(kind).counter)),
-      imgNew(make<IconLabel>(u"imgNew"_s + endings(kind).sign)),
+      m_overdue(new QLabel), imgNew(make<IconLabel>(u"imgNew"_s + endings(kind).sign)),
       lblNew(make<QLabel>(u"lblNew"_s + endings(kind).sign)),
       imgShare(make<IconLabel>(u"imgShare"_s + endings(kind).sign)),
-      lblShare(make<QLabel>(u"lblShare"_s + endings(kind).sign)), m_dueSign({fraFindDue, imgFindDue, lblFindDue}, this),
-      m_discSign({imgNew, lblNew}, this)
+      lblShare(make<QLabel>(u"lblShare"_s + endings(kind).sign)),
+      m_dueSign({fraFindDue, imgFindDue, lblFindDue}, this)
 {
     setAccent(kind.accent);
     auto* open_ = commandButton(open, kind.icon, u"Открыть"_s);
@@ -81,12 +83,11 @@ CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* 
     setLayout(layout);
     m_dueSign.setOn(false);
     showSign({});
+    applyColours();
 }
 
 QLayout* CatalogueCard::header()
 {
-    const QColor colour = Theme::accent(m_kind.accent, palette());
-    imgLogo->setIcon(icon(m_kind.icon, colour));
     const int edge = fontMetrics().height() * 3 / 2;
     imgLogo->setIconSize({edge, edge});
     imgLogo->setFixedSize(edge * 2, edge * 2);
@@ -121,17 +122,11 @@ QLayout* CatalogueCard::counts()
     auto* lent = label(u"Выдано:"_s);
     soften(lent);
 
-    imgFindDue->setIcon(u"loan-warning"_s, Theme::danger(palette()));
     imgFindDue->setScale(1.1);
     lblFindDue->setText(u"0"_s);
-    auto* overdue = label(u"просрочено"_s);
-    for (QLabel* text : {lblFindDue, overdue}) {
-        QPalette red = text->palette();
-        red.setColor(QPalette::WindowText, Theme::danger(palette()));
-        text->setPalette(red);
-        text->setFont(Theme::caption(text->font()));
-    }
-    auto* inside = row(imgFindDue, lblFindDue, overdue);
+    m_overdue->setText(u"просрочено"_s);
+    for (QLabel* text : {lblFindDue, m_overdue}) text->setFont(Theme::caption(text->font()));
+    auto* inside = row(imgFindDue, lblFindDue, m_overdue);
     inside->setContentsMargins(0, 0, 0, 0);
     inside->setSpacing(4);
     fraFindDue->setLayout(inside);
@@ -149,11 +144,16 @@ QLayout* CatalogueCard::counts()
 QLayout* CatalogueCard::sign()
 {
     imgNew->setScale(1.6);
-    imgShare->setIcon(u"bind"_s);
     imgShare->setScale(1);
     lblNew->setWordWrap(true);
     lblNew->setMinimumHeight(fontMetrics().lineSpacing() * 3);
     lblNew->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    lblNew->setTextFormat(Qt::PlainText);
+    for (QWidget* sign : std::initializer_list<QWidget*>{imgNew, lblNew}) {
+        QSizePolicy policy = sign->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        sign->setSizePolicy(policy);
+    }
     auto* text = row(imgNew, lblNew);
     text->setAlignment(imgNew, Qt::AlignTop);
     text->setStretch(1, 1);
@@ -172,4 +172,40 @@ void CatalogueCard::showOverdue(int loans)
 {
     lblFindDue->setText(QString::number(loans));
     m_dueSign.setOn(loans > 0);
+}
+
+void CatalogueCard::showSign(const DriveSign& sign, bool offersLinks)
+{
+    m_sign = sign;
+    lblNew->setText(QString(sign.label).replace(u'\r', u'\n'));
+    imgNew->setVisible(sign.shown);
+    lblNew->setVisible(sign.shown);
+    imgShare->setVisible(sign.linkShown && offersLinks);
+    lblShare->setVisible(sign.linkShown && offersLinks);
+    lblShare->setText(sign.link());
+    applyColours();
+}
+
+void CatalogueCard::applyColours()
+{
+    const auto paint = [](QLabel* text, const QColor& colour) {
+        QPalette own;
+        own.setColor(QPalette::WindowText, colour);
+        text->setPalette(own);
+    };
+    const QPalette shared = QGuiApplication::palette();
+    const QColor accent = Theme::accent(m_kind.accent, shared), danger = Theme::danger(shared);
+    imgLogo->setIcon(icon(m_kind.icon, accent));
+    imgFindDue->setIcon(u"loan-warning"_s, danger);
+    paint(lblFindDue, danger);
+    paint(m_overdue, danger);
+    imgNew->setIcon(m_sign.numbered ? m_kind.icon : u"disc-unknown"_s, accent);
+    imgShare->setIcon(m_sign.unbinds ? u"unbind"_s : u"bind"_s, m_sign.unbinds ? danger : QColor());
+    paint(lblShare, m_sign.unbinds ? danger : shared.color(QPalette::Link));
+}
+
+void CatalogueCard::changeEvent(QEvent* event)
+{
+    Card::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::StyleChange) applyColours();
 }

@@ -25,15 +25,18 @@ public:
     /// Off with 0. The sign blinks with the interval of `setDueInterval`.
     void showOverdue(int loans);
     void setDueInterval(int milliseconds) { m_dueSign.setInterval(milliseconds); }
-    void showSign(const DriveSign& sign);
-    void setDiscInterval(int milliseconds) { m_discSign.setInterval(milliseconds); }
-    void setBlinking(bool on);
+    /// `offersLinks`: whether discs can be bound and unbound in this program.
+    void showSign(const DriveSign& sign, bool offersLinks = false);
 
 signals:
     /// A press on the logo: its menu is wanted at this place on the screen.
     void menuWanted(const QPoint& at);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void applyColours();
     QLayout* header();
     QLayout* counts();
     QLayout* sign();
@@ -47,12 +50,13 @@ private:
     QFrame* fraFindDue;
     IconLabel* imgFindDue;
     QLabel* lblFindDue;
+    QLabel* m_overdue;
     IconLabel* imgNew;
     QLabel* lblNew;
     IconLabel* imgShare;
     QLabel* lblShare;
+    DriveSign m_sign;
     Blinker m_dueSign;
-    Blinker m_discSign;
 };
 
 /// " диск", " диска" or " дисков" behind a number.

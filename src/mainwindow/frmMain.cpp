@@ -6,6 +6,7 @@
 #include "mainwindow/WindowPlace.h"
 #include "mainwindow/frmCompactDB.h"
 #include "mainwindow/frmSplashMain.h"
+#include "recognition/DiscImages.h"
 #include "store/Compaction.h"
 #include "ui/Icons.h"
 #include "ui/Layout.h"
@@ -21,6 +22,7 @@ constexpr QSize smallest(9100 / TwipsPerPixel + 1, 6900 / TwipsPerPixel);
 constexpr QSize designed(1040, 680);
 constexpr int clockPeriod = 5000;
 constexpr int watchPeriod = 1000;
+constexpr int blinkPeriod = 500;
 
 QString layoutPath(const Program& program) { return program.applicationFolder + u"/vinora.atb"_s; }
 }
@@ -28,7 +30,7 @@ QString layoutPath(const Program& program) { return program.applicationFolder + 
 frmMain::frmMain(Program& program)
     : program(program), m_commands(this), ID_DB_DefaultCDDVDROM(new QComboBox), SSListBar(new ListBar),
       m_dashboard(new Dashboard(m_commands)), StatusBar(new StatusPanels), m_watch(program),
-      tmrCheckCD(new Timer(this)), tmrTime(new Timer(this))
+      tmrCheckCD(new Timer(this)), tmrNewCD(new Timer(this)), tmrTime(new Timer(this))
 {
     program.screens = this;
     setObjectName(u"frmMain"_s);
@@ -50,6 +52,8 @@ frmMain::frmMain(Program& program)
 
     tmrCheckCD->setObjectName(u"tmrCheckCD"_s);
     tmrCheckCD->setInterval(watchPeriod);
+    tmrNewCD->setObjectName(u"tmrNewCD"_s);
+    tmrNewCD->setInterval(blinkPeriod);
     tmrTime->setObjectName(u"tmrTime"_s);
     tmrTime->setInterval(clockPeriod);
     connectAll();
@@ -101,6 +105,7 @@ void frmMain::connectAll()
         connect(action, &QAction::triggered, this, [this, action] { Route(action->objectName()); });
     connect(SSListBar, &ListBar::itemClicked, this, &frmMain::listBarClicked);
     connect(tmrCheckCD, &Timer::tick, this, &frmMain::tmrCheckCD_Timer);
+    connect(tmrNewCD, &Timer::tick, this, &frmMain::tmrNewCD_Timer);
     connect(tmrTime, &Timer::tick, this, &frmMain::tmrTime_Timer);
     connect(ID_DB_DefaultCDDVDROM, &QComboBox::currentTextChanged, this, &frmMain::defaultDriveChanged);
     connect(m_dashboard, &Dashboard::panelToggled, this, [this] { m_commands.action(u"ID_Panel")->trigger(); });
@@ -164,6 +169,7 @@ bool frmMain::Form_Unload()
         if (!program.dialogs.Ask(u"Вы действительно хотите выйти из программы?"_s)) return false;
 
     tmrCheckCD->setEnabled(false);
+    tmrNewCD->setEnabled(false);
     SaveToolbars();
     SaveWinPos(*this, settings);
     CompactDB();

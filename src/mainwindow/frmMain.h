@@ -57,7 +57,9 @@ private:
     void CheckDue();
     void CheckCD();
     void tmrCheckCD_Timer();
+    void tmrNewCD_Timer();
     void tmrTime_Timer();
+    void startBlinking();
     void paintSigns();
     void ResetDiscSigns();
 
@@ -85,6 +87,7 @@ private:
     StatusPanels* StatusBar;
     DriveWatch m_watch;
     Timer* tmrCheckCD;
+    Timer* tmrNewCD;
     Timer* tmrTime;
     QByteArray m_designedToolbars;
     bool m_showTime = false;

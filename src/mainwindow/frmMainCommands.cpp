@@ -222,6 +222,12 @@ void frmMain::dropEvent(QDropEvent* event)
 
 void frmMain::ShowFileList(Form& opener, const ListRequest& request) { ::ShowFileList(program, opener, request); }
 
-void frmMain::ShowTrackList(Form&, const ListRequest&) {}
+/// Openers ask `offers` first.
+[[noreturn]] static void refuseMissing(QStringView screen)
+{
+    throw RuntimeError(445, u"В этой версии программы нет окна '%1'."_s.arg(screen));
+}
 
-void frmMain::ShowAddInDue(Form&, const QString&, qint64) {}
+void frmMain::ShowTrackList(Form&, const ListRequest&) { refuseMissing(u"frmTrackList"); }
+
+void frmMain::ShowAddInDue(Form&, const QString&, qint64) { refuseMissing(u"frmAddInDue"); }

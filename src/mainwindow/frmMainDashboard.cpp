@@ -1,6 +1,7 @@
 // What the main window shows by itself: the dashboard's figures and signs, the drive, the clock.
 #include "mainwindow/frmMain.h"
 
+#include "frame/Settings.h"
 #include "frame/Text.h"
 #include "recognition/DiscIdentity.h"
 #include "recognition/DiscImages.h"
@@ -41,17 +42,10 @@ void frmMain::LoadData()
 
 void frmMain::ConfigureTimers()
 {
-    const auto interval = [&](QStringView key) -> std::optional<int> {
-        const Profile settings = program.settings();
-        if (!settings.has(u"Option", key)) return {};
-        const double value = settings.number(u"Option", key, 5);
-        return value == 1 ? 1 : int(value / 10);
-    };
-    const auto due = interval(u"tmrDue"), disc = interval(u"tmrCD");
-    for (CatalogueCard* card : m_dashboard->cards()) {
-        if (due) card->setDueInterval(*due);
-        if (disc) card->setDiscInterval(*disc);
-    }
+    const auto due = BlinkInterval(program, u"tmrDue"), disc = BlinkInterval(program, u"tmrCD");
+    if (due)
+        for (CatalogueCard* card : m_dashboard->cards()) card->setDueInterval(*due);
+    if (disc) tmrNewCD->setInterval(qMax(1, *disc));
 }
 
 void frmMain::CheckDue()
@@ -69,10 +63,11 @@ void frmMain::CheckDue()
 void frmMain::CheckCD()
 {
     ResetDiscSigns();
-    StatusBar->setDiscPicture({}, {});
     const Profile settings = program.settings();
     if (!settings.has(u"Option", u"CheckCD")) return;
-    tmrCheckCD->setEnabled(settings.number(u"Option", u"CheckCD", 2) == 1);
+    const bool watching = settings.number(u"Option", u"CheckCD", 2) == 1;
+    tmrCheckCD->setEnabled(watching);
+    if (!watching) tmrNewCD->setEnabled(false);
 }
 
 void frmMain::ResetDiscSigns()
@@ -83,11 +78,36 @@ void frmMain::ResetDiscSigns()
 
 void frmMain::tmrCheckCD_Timer()
 {
-    m_watch.tick(); // guarded by itself: it asks the user only while no routine is under way
-    Guarded("frmMain, tmrCheckCD_Timer()"_L1, [&] {
-        paintSigns();
-        showDrive();
-    });
+    // The watch guards itself: it may ask only where no routine is under way.
+    if (m_watch.tick()) startBlinking();
+    paintSigns();
+    showDrive();
+}
+
+void frmMain::startBlinking()
+{
+    // A steady sign stays without a tick.
+    const bool steady = tmrNewCD->interval() == 1;
+    if (steady) m_watch.blink(true);
+    tmrNewCD->setEnabled(!steady);
+}
+
+void frmMain::tmrNewCD_Timer()
+{
+    m_watch.blink(false);
+    paintSigns();
+}
+
+void frmMain::paintSigns()
+{
+    const DriveSigns& signs = m_watch.signs();
+    for (size_t i = 0; i < signs.catalogues.size(); ++i)
+        m_dashboard->cards()[i]->showSign(signs.catalogues[i], offers(u"frmSelectCD"));
+    switch (signs.state) {
+    case DriveState::Unknown: StatusBar->setDiscPicture({}, {}); break;
+    case DriveState::NoDisc: StatusBar->setDiscPicture(u"disc-empty"_s, u"Диска в устройстве нет"_s); break;
+    case DriveState::Disc: StatusBar->setDiscPicture(u"disc"_s, u"Диск в устройстве"_s); break;
+    }
 }
 
 void frmMain::tmrTime_Timer()
