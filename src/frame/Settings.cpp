@@ -1,5 +1,9 @@
 #include "frame/Settings.h"
 
+#include "platform/CodePage1251.h"
+
+#include <QUrl>
+
 #include <algorithm>
 
 static constexpr QStringView Section = u"Option";
@@ -14,4 +18,30 @@ std::optional<int> BlinkInterval(const Program& program, QStringView key)
     if (value.isEmpty()) return {};
     const double number = Val(value);
     return number == 1 ? 1 : std::max(0, int(number / 10));
+}
+
+static bool isHexDigit(QChar c) { return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f'); }
+
+QString EncodePath(const QString& path)
+{
+    QString stored;
+    for (qsizetype i = 0; i < path.size(); ++i) {
+        const QChar c = path[i];
+        const bool atEnd = i == 0 || i == path.size() - 1;
+        const bool percent = c == u'%' && i + 2 < path.size() && isHexDigit(path[i + 1]) && isHexDigit(path[i + 2]);
+        const QString character = c.isHighSurrogate() && i + 1 < path.size() ? path.mid(i++, 2) : QString(c);
+        if (percent || c < u' ' || (atEnd && (c.isSpace() || c == u'"' || c == u'\'')) || !FitsCp1251(character))
+            stored += QString::fromLatin1(character.toUtf8().toPercentEncoding({}, "%\"' "));
+        else
+            stored += character;
+    }
+    return stored;
+}
+
+QString DecodePath(const QString& text) { return QUrl::fromPercentEncoding(text.toUtf8()); }
+
+QString LastFolder(const Profile& settings) { return DecodePath(settings.read(u"Folders", u"Last", 4096)); }
+void KeepLastFolder(const Profile& settings, const QString& path)
+{
+    settings.write(u"Folders", u"Last", EncodePath(path));
 }

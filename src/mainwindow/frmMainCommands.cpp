@@ -1,8 +1,8 @@
 // What each command of the main window does.
 #include "mainwindow/frmMain.h"
 
+#include "catalogue/Catalogues.h"
 #include "catalogue/frmAddCD.h"
-#include "catalogue/frmCataloguePCCD.h"
 #include "contents/frmFileList.h"
 #include "mainwindow/QueryShortcuts.h"
 #include "recognition/DiscIdentity.h"
@@ -16,9 +16,8 @@
 #include <QToolButton>
 
 namespace {
-/// The screens that this program has. What leads to others is disabled.
-const QStringList builtScreens{u"frmCataloguePCCD"_s, u"frmAddInCataloguePC"_s, u"frmAddCD"_s, u"frmFileList"_s,
-                               u"frmSelectCategory"_s};
+/// The screens that this program has besides those of the catalogues. What leads to others is disabled.
+const QStringList builtScreens{u"frmFileList"_s, u"frmSelectCategory"_s};
 
 struct ListBarItem {
     QString text, key, icon, command;
@@ -56,7 +55,12 @@ const std::array<QString, 3> addCommands{u"ID_Catalog_AddAudioCD"_s, u"ID_Catalo
                                          u"ID_Catalog_AddDVD"_s};
 }
 
-bool frmMain::offers(QStringView screen) const { return builtScreens.contains(screen); }
+bool frmMain::offers(QStringView screen) const
+{
+    for (const CatalogueKind* kind : AllCatalogues())
+        if (screen == kind->browser || screen == kind->editor) return HasCatalogue(*kind);
+    return builtScreens.contains(screen);
+}
 
 void frmMain::enableCommands()
 {
@@ -130,12 +134,7 @@ void frmMain::openCatalogue(const CatalogueKind& kind, int number)
     Guarded("frmMain, OpenCatalogue()"_L1, [&] {
         if (!offers(kind.browser)) return;
         ResetDiscSigns();
-        {
-            const Hourglass hourglass;
-            frmCataloguePCCD browser(program);
-            if (number) browser.PositionOn(number);
-            browser.ShowModal();
-        }
+        OpenCatalogue(program, kind, nullptr, number);
         if (!program.shared.ExternalDBOpen) LoadData();
     });
 }
@@ -143,9 +142,10 @@ void frmMain::openCatalogue(const CatalogueKind& kind, int number)
 void frmMain::addDisc(const CatalogueKind& kind)
 {
     Guarded("frmMain, AddDisc()"_L1, [&] {
-        if (AddDisc(program, kind)) {
-            openCatalogue(kind, program.shared.LastSavedNumber);
-        }
+        if (!offers(kind.editor)) return;
+        ResetDiscSigns();
+        if (AddDisc(program, kind)) openCatalogue(kind, program.shared.LastSavedNumber);
+        else LoadData();
         const size_t index = size_t(std::ranges::find(AllCatalogues(), &kind) - AllCatalogues().begin());
         program.settings().write(u"Toolbars", u"LastAction", QString::number(index + 1));
         enableCommands();

@@ -7,7 +7,6 @@
 #include "recognition/DiscImages.h"
 #include "store/DatabaseSet.h"
 
-#include <QFileInfo>
 
 void frmMain::LoadData()
 {
@@ -28,13 +27,8 @@ void frmMain::LoadData()
             showDrive();
         } catch (const RuntimeError& error) {
             if (error.number() != DaoErrorNumber::CannotOpenOrWrite) throw;
-            const QString folder = QFileInfo(program.shared.MainDBPath).path();
-            if (!program.dialogs.Ask(u"Папка '"_s + folder +
-                                         u"' доступна только для чтения! Локальная работа с базой данных не "
-                                         u"возможна!\r\n\r\nВосстановить путь к локальной базе данных?"_s,
-                                     Box::Warning))
-                program.endProcess(0);
-            RestoreDatabaseFolder(program);
+            OfferToRestoreFolder(program, u"Папка '%1' доступна только для чтения! Локальная работа с базой данных не "
+                                          u"возможна!"_s.arg(MainDatabaseFolder(program)));
             LoadData();
         }
     });

@@ -1,15 +1,12 @@
 #include "recognition/DiscImages.h"
 
+#include "frame/Settings.h"
+
 #include <QFileInfo>
-#include <QUrl>
 
 namespace {
 constexpr QStringView section = u"Drives";
 constexpr QStringView imageKey = u"Image";
-
-// Percent-encoded, since a path may hold characters that the settings' code page lacks.
-QString encoded(const QString& path) { return QString::fromLatin1(QUrl::toPercentEncoding(path, "/ ")); }
-QString decoded(const QString& text) { return QUrl::fromPercentEncoding(text.toUtf8()); }
 }
 
 void InsertImage(Program& program, const QString& path)
@@ -17,7 +14,7 @@ void InsertImage(Program& program, const QString& path)
     VirtualDrive& drive = program.drives.virtualDrive();
     drive.insert(path);
     const Profile settings = program.settings();
-    settings.write(section, imageKey, encoded(path));
+    settings.write(section, imageKey, EncodePath(path));
     settings.write(u"Option", u"Drive", drive.root());
     if (!settings.has(u"Option", u"CheckCD")) settings.write(u"Option", u"CheckCD", u"1"_s);
 }
@@ -30,7 +27,7 @@ void EjectImage(Program& program)
 
 void RestoreImage(Program& program)
 {
-    const QString path = decoded(program.settings().read(section, imageKey, 4096));
+    const QString path = DecodePath(program.settings().read(section, imageKey, 4096));
     if (!path.isEmpty()) program.drives.virtualDrive().restore(path);
 }
 

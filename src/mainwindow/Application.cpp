@@ -1,0 +1,91 @@
+#include "mainwindow/Application.h"
+
+#include "frame/Settings.h"
+#include "frame/Text.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/frmSplashMain.h"
+#include "platform/Files.h"
+#include "platform/SingleInstance.h"
+#include "platform/XdgDesktop.h"
+#include "store/DatabaseSet.h"
+#include "store/StartUp.h"
+#include "ui/QtDialogs.h"
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+#include <cstdlib>
+#include <optional>
+
+namespace {
+
+void setUp(QApplication& application)
+{
+    QApplication::setApplicationName(u"vinora"_s);
+    QApplication::setApplicationVersion(QStringLiteral(VINORA_VERSION));
+    QApplication::setDesktopFileName(u"vinora"_s);
+    QApplication::setQuitOnLastWindowClosed(false); // the main window ends the process
+    QLocale::setDefault(RussianLocale());
+    auto* buttons = new QTranslator(&application);
+    if (buttons->load(u"qtbase_ru"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(buttons);
+    Theme::apply(application);
+}
+
+/// Commits, lets the next instance in and is gone.
+[[noreturn]] void endNow(DBEngine& engine, std::optional<SingleInstance>& instance, int code)
+{
+    try {
+        engine.Commit();
+    } catch (const RuntimeError& error) {
+        std::fprintf(stderr, "vinora: %s\n", error.what());
+        code = EXIT_FAILURE;
+    }
+    instance.reset();
+    std::fflush(nullptr);
+    std::_Exit(code);
+}
+
+}
+
+int RunVinora(int argc, char** argv, const std::function<void(frmMain&)>& shown)
+{
+    QApplication application(argc, argv);
+    setUp(application);
+
+    const SystemClock clock;
+    DBEngine engine(clock);
+    const QString folder = ApplicationFolder(QApplication::applicationDirPath());
+    const Profile settings(folder + u"/vinora.ini"_s);
+    QtDialogs dialogs({.commitBeforeModal = [&] { engine.Commit(); },
+                       .lastFolder = [&] { return LastFolder(settings); },
+                       .keepLastFolder = [&](const QString& path) { KeepLastFolder(settings, path); }});
+    std::optional<SingleInstance> instance(std::in_place, folder);
+    if (!instance->acquired()) {
+        dialogs.MsgBox(u"Программа уже запущена!"_s);
+        return EXIT_SUCCESS;
+    }
+
+    const std::unique_ptr<Drives> drives = CreateSystemDrives();
+    XdgDesktop desktop;
+    Program program{.applicationFolder = folder,
+                    .version = QApplication::applicationVersion(),
+                    .clock = clock,
+                    .engine = engine,
+                    .drives = *drives,
+                    .dialogs = dialogs,
+                    .desktop = desktop,
+                    .endProcess = [&](int code) { endNow(engine, instance, code); }};
+
+    SetFilePaths(program);
+    frmSplashMain splash(program.version);
+    splash.showNow();
+    PrepareDatabases(program);
+    frmMain window(program);
+    window.Load();
+    splash.close();
+    window.show();
+    if (shown) shown(window);
+    return QApplication::exec();
+}
