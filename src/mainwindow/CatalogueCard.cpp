@@ -58,7 +58,7 @@ QString DiscWord(int discs)
 }
 
 CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* add)
-    : m_kind(kind), imgLogo(make<QToolButton>(u"imgLogo"_s + endings(kind).logo)),
+    : m_kind(kind), imgLogo(make<IconTile>(u"imgLogo"_s + endings(kind).logo)),
       lblCDs(make<QLabel>(u"lblCDs"_s + endings(kind).counter)), lblDiscs(new QLabel),
       lblUpdate(make<QLabel>(u"lblCDs%1Update"_s.arg(endings(kind).counter))),
       lblDue(make<QLabel>(u"lblCDdue"_s + endings(kind).counter)),
@@ -88,13 +88,8 @@ CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* 
 
 QLayout* CatalogueCard::header()
 {
-    const int edge = fontMetrics().height() * 3 / 2;
-    imgLogo->setIconSize({edge, edge});
-    imgLogo->setFixedSize(edge * 2, edge * 2);
-    imgLogo->setProperty("tile", m_kind.accent);
-    imgLogo->setToolTip(u"Команды каталога"_s);
-    imgLogo->setAccessibleName(m_kind.title + u": команды"_s);
-    connect(imgLogo, &QToolButton::pressed, this, [this] {
+    imgLogo->setup(m_kind.icon, m_kind.accent, m_kind.title + u": команды"_s);
+    connect(imgLogo, &QAbstractButton::pressed, this, [this] {
         imgLogo->setDown(false);
         emit menuWanted(imgLogo->mapToGlobal(QPoint(0, imgLogo->height())));
     });
@@ -195,7 +190,6 @@ void CatalogueCard::applyColours()
     };
     const QPalette shared = QGuiApplication::palette();
     const QColor accent = Theme::accent(m_kind.accent, shared), danger = Theme::danger(shared);
-    imgLogo->setIcon(icon(m_kind.icon, accent));
     imgFindDue->setIcon(u"loan-warning"_s, danger);
     paint(lblFindDue, danger);
     paint(m_overdue, danger);

@@ -6,9 +6,9 @@
 #include "ui/Blinker.h"
 #include "ui/Card.h"
 #include "ui/IconLabel.h"
+#include "ui/IconTile.h"
 
 #include <QLabel>
-#include <QToolButton>
 
 class QAction;
 class QMenu;
@@ -42,7 +42,7 @@ private:
     QLayout* sign();
 
     const CatalogueKind& m_kind;
-    QToolButton* imgLogo;
+    IconTile* imgLogo;
     QLabel* lblCDs;
     QLabel* lblDiscs;
     QLabel* lblUpdate;
