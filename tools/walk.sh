@@ -1,0 +1,38 @@
+#!/bin/bash
+# walk.sh <build folder>: the program's main job on a sample disc, on a virtual display. Leaves numbered pictures and the
+# databases in a new folder.
+set -eu
+build=$1
+folder=$(mktemp -d "${TMPDIR:-/tmp}/vinora-walk-XXXXXX")
+disc=$folder/disc
+mkdir -p "$disc/Документы/Письма" "$disc/Музыка" "$disc/Программы/Архиваторы" "$disc/Фото/2003" "$folder/program" \
+    "$folder/pictures"
+
+# A sample disc: some texts, an MP3 file with a tag in code page 1251, a hidden file.
+printf 'Сборник к новому году.\r\n' >"$disc/readme.txt"
+printf '[autorun]\r\nopen=setup.exe\r\n' >"$disc/autorun.inf"
+for name in Бабушке Деду.Морозу В.редакцию; do printf 'Здравствуйте!\n' >"$disc/Документы/Письма/$name.txt"; done
+for size in 12 480 1536 3072; do head -c $((size * 1024)) /dev/zero >"$disc/Программы/Архиваторы/pack$size.zip"; done
+head -c 700000 /dev/zero >"$disc/Программы/setup.exe"
+for n in 1 2 3 4 5 6; do head -c $((n * 90000)) /dev/zero >"$disc/Фото/2003/зима$n.jpg"; done
+{
+    head -c 500000 /dev/zero
+    printf 'TAG'
+    printf '%-30s%-30s' 'Снег' 'Оркестр' | iconv -f UTF-8 -t CP1251
+} | head -c 500062 >"$disc/Музыка/01.mp3"
+head -c 62 /dev/zero >>"$disc/Музыка/01.mp3"
+genisoimage -quiet -V ZIMA2003 -J -R -input-charset utf-8 -o "$folder/zima2003.iso" "$disc" 2>/dev/null
+rm -r "$disc"
+
+cp "$build/vinora_walk" "$folder/program/vinora"
+walk() {
+    QT_QPA_PLATFORM=xcb LANG=${LANG:-C.UTF-8} \
+        xvfb-run -a -s '-screen 0 1100x760x24' "$folder/program/vinora" "$folder/pictures$1" "${@:2}"
+}
+mkdir "$folder/pictures/next-day"
+walk "" "$folder/zima2003.iso"
+walk /next-day
+
+echo
+echo "Pictures:  $folder/pictures"
+echo "Databases: $folder/program"
