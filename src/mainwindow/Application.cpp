@@ -9,6 +9,7 @@
 #include "platform/XdgDesktop.h"
 #include "store/DatabaseSet.h"
 #include "store/StartUp.h"
+#include "ui/Icons.h"
 #include "ui/QtDialogs.h"
 #include "ui/Theme.h"
 
@@ -31,20 +32,22 @@ void setUp(QApplication& application)
     if (buttons->load(u"qtbase_ru"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(buttons);
     Theme::apply(application);
+    QApplication::setWindowIcon(icon(u"app"_s));
 }
 
-/// Commits, lets the next instance in and is gone.
-[[noreturn]] void endNow(DBEngine& engine, std::optional<SingleInstance>& instance, int code)
+/// Keeps what was written and closes the files; false when the last group of writes was lost.
+bool closeDatabases(DBEngine& engine)
 {
+    bool kept = false;
     try {
         engine.Commit();
+        kept = true;
+        engine.ReleaseAll();
     } catch (const RuntimeError& error) {
-        std::fprintf(stderr, "vinora: %s\n", error.what());
-        code = EXIT_FAILURE;
+        // A file that a window still has open stays so: what is in it is whole all the same.
+        if (!kept) std::fprintf(stderr, "vinora: %s\n", error.what());
     }
-    instance.reset();
-    std::fflush(nullptr);
-    std::_Exit(code);
+    return kept;
 }
 
 }
@@ -76,7 +79,12 @@ int RunVinora(int argc, char** argv, const std::function<void(frmMain&)>& shown)
                     .drives = *drives,
                     .dialogs = dialogs,
                     .desktop = desktop,
-                    .endProcess = [&](int code) { endNow(engine, instance, code); }};
+                    .endProcess = [&](int code) {
+                        if (!closeDatabases(engine)) code = EXIT_FAILURE;
+                        instance.reset();
+                        std::fflush(nullptr);
+                        std::_Exit(code);
+                    }};
 
     SetFilePaths(program);
     frmSplashMain splash(program.version);
