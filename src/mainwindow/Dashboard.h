@@ -6,6 +6,7 @@
 
 #include <QGridLayout>
 #include <QScrollArea>
+#include <QToolButton>
 
 /// The centre of the main window: a card per catalogue, as many beside each other as fit, and the drive's card below.
 class Dashboard : public QScrollArea {

@@ -12,7 +12,7 @@
 #include <cstdlib>
 
 namespace {
-constexpr int pause = 60, patience = 20000;
+constexpr int rest = 60, patience = 20000;
 
 /// The area of a view that takes the mouse.
 QWidget* target(QWidget* widget)
@@ -75,7 +75,7 @@ void Walk::press(int key, Qt::KeyboardModifiers modifiers)
 void Walk::picture(const QString& name)
 {
     step(u"picture "_s + name, [=, this] {
-        QTest::qWait(pause);
+        QTest::qWait(rest);
         QWidget* window = top();
         const QString path =
             u"%1/%2-%3.png"_s.arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
@@ -88,7 +88,7 @@ void Walk::picture(const QString& name)
 void Walk::start(QWidget* mainWindow)
 {
     m_main = mainWindow;
-    QTimer::singleShot(pause * 5, this, &Walk::proceed);
+    QTimer::singleShot(rest * 5, this, &Walk::proceed);
 }
 
 void Walk::proceed()
@@ -97,8 +97,8 @@ void Walk::proceed()
     if (m_steps.front().holds) {
         m_current = m_steps.front().what;
         if (m_steps.front().holds()) m_steps.pop_front();
-        else if ((m_waited += pause) > patience) fail(u"this does not come to be"_s);
-        QTimer::singleShot(pause, this, &Walk::proceed);
+        else if ((m_waited += rest) > patience) fail(u"this does not come to be"_s);
+        QTimer::singleShot(rest, this, &Walk::proceed);
         return;
     }
     m_waited = 0;
@@ -106,7 +106,7 @@ void Walk::proceed()
     m_steps.pop_front();
     m_current = step.what;
     // Before the action, since it may open a window and return only when that has closed.
-    QTimer::singleShot(pause, this, &Walk::proceed);
+    QTimer::singleShot(rest, this, &Walk::proceed);
     step.action();
 }
 
