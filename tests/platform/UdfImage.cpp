@@ -6,6 +6,23 @@
 static void Put16(QByteArray& bytes, int at, quint16 value) { qToLittleEndian(value, bytes.data() + at); }
 static void Put32(QByteArray& bytes, int at, quint32 value) { qToLittleEndian(value, bytes.data() + at); }
 
+static quint16 Crc(const QByteArray& bytes)
+{
+    quint16 crc = 0;
+    for (const char c : bytes) {
+        crc ^= static_cast<quint8>(c) << 8;
+        for (int bit = 0; bit < 8; ++bit) crc = crc & 0x8000 ? crc << 1 ^ 0x1021 : crc << 1;
+    }
+    return crc;
+}
+
+static char TagSum(const char* tag)
+{
+    quint8 sum = 0;
+    for (int i = 0; i < 16; ++i) sum += i == 4 ? 0 : static_cast<quint8>(tag[i]);
+    return static_cast<char>(sum);
+}
+
 static QByteArray Compressed(const QString& text)
 {
     const bool wide = std::ranges::any_of(text, [](QChar c) { return c.unicode() > 255; });
@@ -77,24 +94,36 @@ void UdfImage::write(quint32 mediumBlock, const QByteArray& bytes)
     m_image.replace(at, bytes.size(), bytes);
 }
 
-void UdfImage::seal(QByteArray& descriptor, int tag, quint32 location, int size) const
+void UdfImage::seal(QByteArray& descriptor, int tag, quint32 location, int size)
 {
-    quint16 crc = 0;
-    for (int i = 16; i < size; ++i) {
-        crc ^= static_cast<quint8>(descriptor[i]) << 8;
-        for (int bit = 0; bit < 8; ++bit) crc = crc & 0x8000 ? crc << 1 ^ 0x1021 : crc << 1;
-    }
     Put16(descriptor, 0, tag);
     Put16(descriptor, 2, 3);
-    Put16(descriptor, 8, crc);
     Put16(descriptor, 10, size - 16);
     Put32(descriptor, 12, location);
-    quint8 sum = 0;
-    for (int i = 0; i < 16; ++i) sum += i == 4 ? 0 : static_cast<quint8>(descriptor[i]);
-    descriptor[4] = static_cast<char>(sum);
+    reseal(descriptor, {0});
 }
 
-QByteArray UdfImage::identifiers(const Item& folder)
+void UdfImage::reseal(QByteArray& image, const QList<qsizetype>& places)
+{
+    for (auto place = places.crbegin(); place != places.crend(); ++place) {
+        char* const tag = image.data() + *place;
+        const qsizetype end = *place + 16 + qFromLittleEndian<quint16>(tag + 10);
+        qToLittleEndian(Crc(image.mid(*place + 16, std::min(end, image.size()) - *place - 16)), tag + 8);
+        tag[4] = TagSum(tag);
+    }
+}
+
+QList<qsizetype> UdfImage::descriptors(const QByteArray& image)
+{
+    QList<qsizetype> places;
+    for (qsizetype at = 0; at + 16 <= image.size(); at += 4) {
+        const bool version = image[at + 2] == 3 && image[at + 3] == 0;
+        if (version && TagSum(image.data() + at) == image[at + 4]) places.append(at);
+    }
+    return places;
+}
+
+QByteArray UdfImage::identifiers(const Item& folder, quint32 own, quint32 parent)
 {
     QByteArray all;
     const auto add = [&](const QByteArray& name, quint8 characteristics, quint32 block) {
@@ -107,17 +136,17 @@ QByteArray UdfImage::identifiers(const Item& folder)
         seal(one, 257, 0, static_cast<int>(38 + name.size()));
         all += one;
     };
-    add({}, directory | 8, 0);
-    for (const Item& child : folder.children) add(Compressed(child.name), child.characteristics, writeItem(child));
+    add({}, directory | 8, parent);
+    for (const Item& child : folder.children) add(Compressed(child.name), child.characteristics, writeItem(child, own));
     return all;
 }
 
-quint32 UdfImage::writeItem(const Item& item)
+quint32 UdfImage::writeItem(const Item& item, std::optional<quint32> parent)
 {
     const bool isFolder = item.characteristics & directory;
     Item content = item;
-    if (isFolder) content.bytes = identifiers(item);
     const quint32 block = newEntry();
+    if (isFolder) content.bytes = identifiers(item, block, parent.value_or(block));
     write(medium(entryPartition(), block), entry(isFolder ? 4 : 5, content, block, entryPartition()));
     return block;
 }

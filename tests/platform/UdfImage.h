@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <optional>
 
 /// Writes UDF volumes of the kinds that no tool at hand fills with files: packet-written, on write-once media, with
 /// metadata partitions, in any block size, with files and folders in pieces.
@@ -28,19 +29,22 @@ public:
     UdfImage(Kind kind, int blockSize) : m_kind(kind), m_blockSize(blockSize) {}
     QByteArray build(const Item& root);
 
-    int blockSize() const { return m_blockSize; }
+    /// Places of all descriptors in a volume, ascending.
+    static QList<qsizetype> descriptors(const QByteArray& image);
+    /// Makes the sums of their tags right again after changes: of those inside others first.
+    static void reseal(QByteArray& image, const QList<qsizetype>& places);
 
 private:
-    static constexpr quint32 partitionStart = 400, partitionLength = 4096, packet = 16, sparePlace = 300,
+    static constexpr quint32 partitionStart = 400, partitionLength = 65536, packet = 16, sparePlace = 300,
                              sparingTable = 290, metadataSplit = 10;
 
     quint16 entryPartition() const { return m_kind == plain || m_kind == sparable ? 0 : 1; }
     quint32 newEntry();
     quint32 medium(quint16 partition, quint32 block) const;
     void write(quint32 mediumBlock, const QByteArray& bytes);
-    void seal(QByteArray& descriptor, int tag, quint32 location, int size) const;
-    QByteArray identifiers(const Item& folder);
-    quint32 writeItem(const Item& item);
+    static void seal(QByteArray& descriptor, int tag, quint32 location, int size);
+    QByteArray identifiers(const Item& folder, quint32 own, quint32 parent);
+    quint32 writeItem(const Item& item, std::optional<quint32> parent = {});
     QByteArray entry(quint8 type, const Item& item, quint32 location, quint16 partition);
     QByteArray descriptors(const Item& item, quint16 partition);
     QByteArray maps() const;

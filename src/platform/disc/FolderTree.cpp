@@ -38,8 +38,9 @@ QByteArray FolderTree::read(const QString& folder, const QString& name, qint64 o
     const std::vector<Node>& found = nodes(find(folder));
     const Node* file = nullptr;
     const auto nameOf = [](const Node& node) -> const QString& { return node.entry.name; };
-    for (const Node& node : std::ranges::equal_range(found, name, CaselessBefore, nameOf))
-        if (!node.entry.folder && (!file || node.entry.name == name)) file = &node;
+    auto node = std::ranges::lower_bound(found, name, CaselessBefore, nameOf);
+    for (; node != found.end() && !CaselessBefore(name, node->entry.name); ++node)
+        if (!node->entry.folder && (!file || node->entry.name == name)) file = &*node;
     if (!file) throw RuntimeError(53, u"Файл %1%2 на диске не найден."_s.arg(folder, name));
     return content(file->place, std::max<qint64>(offset, 0), std::max<qint64>(length, 0));
 }

@@ -28,7 +28,7 @@ private:
     quint32 m_start, m_length;
 };
 
-/// Packets that wore out stand elsewhere (UDF 2.2.11).
+/// Packets that wore out stand elsewhere (UDF 2.2.12).
 class SparablePartition : public PhysicalPartition {
 public:
     using Packets = QHash<quint32, quint32>; ///< first block in the partition to first block of the medium
@@ -52,7 +52,7 @@ private:
     Packets m_moved;
 };
 
-/// A table tells where each block was written last (UDF 2.2.10).
+/// A table tells where each block was written last (UDF 2.2.11).
 class VirtualPartition : public UdfPartition {
 public:
     VirtualPartition(const UdfPartition& physical, QByteArray table) : m_physical(physical), m_table(std::move(table))
@@ -195,6 +195,7 @@ private:
 
     const UdfSpace& m_space;
     quint16 m_partition;
+    int m_tablesRead = 0;
     QString m_label;
 };
 
@@ -210,24 +211,25 @@ QByteArray VirtualTable::read()
 
 std::optional<QByteArray> VirtualTable::tryBlock(qint64 block)
 {
-    constexpr qint64 maximumTable = 64 * 1024 * 1024;
-    const QByteArray bytes = m_space.medium().read(block * m_space.blockSize(), m_space.blockSize());
-    const UdfTag tag = CheckTag(bytes);
-    if (tag != UdfTag::fileEntry && tag != UdfTag::extendedFileEntry) return std::nullopt;
-    const quint32 location = TagLocation(bytes);
+    constexpr qint64 maximumTable = 16 * 1024 * 1024;
+    constexpr int mostTables = 16;
     try {
+        const QByteArray bytes = m_space.medium().read(block * m_space.blockSize(), m_space.blockSize());
+        const UdfTag tag = CheckTag(bytes);
+        if (tag != UdfTag::fileEntry && tag != UdfTag::extendedFileEntry) return std::nullopt;
+        const quint32 location = TagLocation(bytes);
         if (m_space.partition(m_partition).locate(location).block != block) return std::nullopt;
         const UdfFile file = UdfFile::open(m_space, {location, m_partition});
         if (file.type() != UdfFile::virtualTable && file.type() != UdfFile::unspecified) return std::nullopt;
-        if (file.size() > maximumTable) return std::nullopt;
+        if (file.size() > maximumTable || ++m_tablesRead > mostTables) return std::nullopt;
         return tableOf(file.readAll(m_space), file.type());
     } catch (const DiscError&) {
         return std::nullopt; // an older table may stand before it
     }
 }
 
-/// UDF 2.00 (2.2.11): a header that tells its length and a label, then the numbers. UDF 1.50 (2.2.10): the numbers, then
-/// an identifier and the place of the table before.
+/// From UDF 2.00 on a header that tells its length and a label, then the numbers; in UDF 1.50 the numbers, then an
+/// identifier and the place of the table before.
 std::optional<QByteArray> VirtualTable::tableOf(const QByteArray& bytes, quint8 type)
 {
     const Fields fields(bytes);

@@ -7,6 +7,16 @@
 
 static constexpr qint64 sectorSize = 2048;
 
+/// Empty where the medium ends or cannot be read: everything here stands on it more than once.
+static QByteArray TryRead(SectorCache& medium, qint64 position, qint64 length)
+{
+    try {
+        return medium.read(position, length);
+    } catch (const DiscError&) {
+        return {};
+    }
+}
+
 const UdfVolume::Partition* UdfVolume::partition(quint16 number) const
 {
     const auto found = std::ranges::find(partitions, number, &Partition::number);
@@ -16,11 +26,9 @@ const UdfVolume::Partition* UdfVolume::partition(quint16 number) const
 bool IsUdf(SectorCache& medium, quint32 session)
 {
     // Structures of 2048 bytes, each at the start of a block: with larger blocks there are blanks between them.
-    constexpr int lastBlank = 64;
-    for (int i = 16; i < 16 + lastBlank; ++i) {
-        const qint64 position = (qint64(session) + i) * sectorSize;
-        if (position > medium.size() - sectorSize) break;
-        const QByteArray identifier = medium.read(position + 1, 5);
+    constexpr int mostStructures = 64;
+    for (int i = 16; i < 16 + mostStructures; ++i) {
+        const QByteArray identifier = TryRead(medium, (qint64(session) + i) * sectorSize + 1, 5);
         if (identifier == "NSR02" || identifier == "NSR03") return true;
         const bool other = identifier == "CD001" || identifier == "CDW02" || identifier == "BEA01" ||
                            identifier == "BOOT2" || identifier == QByteArray(5, 0);
@@ -69,9 +77,7 @@ std::optional<UdfVolume> DescriptorSequence::read(VolumeExtent extent)
 {
     constexpr int maximumDescriptors = 512;
     for (int i = 0; i < maximumDescriptors && extent.length >= m_blockSize; ++i) {
-        const qint64 position = extent.start * m_blockSize;
-        if (position > m_medium.size() - m_blockSize) break;
-        const QByteArray descriptor = m_medium.read(position, m_blockSize);
+        const QByteArray descriptor = TryRead(m_medium, extent.start * m_blockSize, m_blockSize);
         const UdfTag tag = CheckTag(descriptor);
         if (tag == UdfTag::terminating) break;
         if (tag != UdfTag::none && TagLocation(descriptor) == extent.start) take(descriptor, tag);
@@ -126,8 +132,7 @@ std::optional<UdfVolume> FindUdfVolume(SectorCache& medium, quint32 session)
     for (const qint64 blockSize : {2048, 512, 4096, 1024, 8192, 16384, 32768}) {
         const qint64 blockCount = medium.size() / blockSize;
         for (const qint64 block : AnchorPlaces(session * sectorSize / blockSize, blockCount)) {
-            if (block < 0 || block >= blockCount) continue;
-            const QByteArray anchor = medium.read(block * blockSize, blockSize);
+            const QByteArray anchor = TryRead(medium, block * blockSize, blockSize);
             if (CheckTag(anchor) != UdfTag::anchor || TagLocation(anchor) != block) continue;
             for (const int place : {16, 24}) { // the main descriptors, the reserve
                 DescriptorSequence sequence(medium, blockSize);
