@@ -6,7 +6,8 @@ target_compile_options(vinora_flags INTERFACE
 target_include_directories(vinora_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
 if(VINORA_SANITIZE)
     target_compile_options(vinora_flags INTERFACE
-        -fsanitize=${VINORA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        -fsanitize=${VINORA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
+        -Wno-maybe-uninitialized) # instrumented code makes GCC guess wrong
     target_link_options(vinora_flags INTERFACE -fsanitize=${VINORA_SANITIZE})
 endif()
 
