@@ -25,9 +25,11 @@ genisoimage -quiet -V ZIMA2003 -J -R -input-charset utf-8 -o "$folder/zima2003.i
 rm -r "$disc"
 
 cp "$build/vinora_walk" "$folder/program/vinora"
+# A window manager gives the windows their frames and the keyboard.
 walk() {
-    QT_QPA_PLATFORM=xcb LANG=${LANG:-C.UTF-8} \
-        xvfb-run -a -s '-screen 0 1100x760x24' "$folder/program/vinora" "$folder/pictures$1" "${@:2}"
+    QT_QPA_PLATFORM=xcb xvfb-run -a -s '-screen 0 1240x800x24' sh -c \
+        'openbox >/dev/null 2>&1 & manager=$!; sleep 1; "$@"; code=$?; kill $manager; exit $code' \
+        walk "$folder/program/vinora" "$folder/pictures$1" "${@:2}"
 }
 mkdir "$folder/pictures/next-day"
 walk "" "$folder/zima2003.iso"

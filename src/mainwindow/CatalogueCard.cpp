@@ -1,8 +1,8 @@
 #include "mainwindow/CatalogueCard.h"
 
 #include "frame/Text.h"
+#include "mainwindow/ActionButton.h"
 #include "ui/Icons.h"
-#include "ui/ImageButton.h"
 #include "ui/Layout.h"
 #include "ui/Theme.h"
 
@@ -30,18 +30,6 @@ template<class W> W* make(const QString& name)
     return widget;
 }
 
-/// A button of the card that gives an action's command without its icon colours and mnemonics.
-ImageButton* commandButton(QAction* action, const QString& iconName, const QString& text)
-{
-    auto* button = new ImageButton;
-    button->setObjectName(u"cmd_"_s + action->objectName());
-    button->setup(iconName, text, action->toolTip());
-    button->setEnabled(action->isEnabled());
-    QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
-    QObject::connect(action, &QAction::changed, button, [=] { button->setEnabled(action->isEnabled()); });
-    return button;
-}
-
 void soften(QLabel* label)
 {
     label->setFont(Theme::caption(label->font()));
@@ -64,16 +52,14 @@ CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* 
       lblDue(make<QLabel>(u"lblCDdue"_s + endings(kind).counter)),
       fraFindDue(make<QFrame>(u"fraFindDue"_s + endings(kind).counter)),
       imgFindDue(make<IconLabel>(u"imgFindDue"_s + endings(kind).counter)),
-      lblFindDue(make<QLabel>(u"lblFindDue"_s + endings(kind).counter)),
-      m_overdue(new QLabel), imgNew(make<IconLabel>(u"imgNew"_s + endings(kind).sign)),
-      lblNew(make<QLabel>(u"lblNew"_s + endings(kind).sign)),
+      lblFindDue(make<QLabel>(u"lblFindDue"_s + endings(kind).counter)), m_overdue(new QLabel),
+      imgNew(make<IconLabel>(u"imgNew"_s + endings(kind).sign)), lblNew(make<QLabel>(u"lblNew"_s + endings(kind).sign)),
       imgShare(make<IconLabel>(u"imgShare"_s + endings(kind).sign)),
-      lblShare(make<QLabel>(u"lblShare"_s + endings(kind).sign)),
-      m_dueSign({fraFindDue, imgFindDue, lblFindDue}, this)
+      lblShare(make<QLabel>(u"lblShare"_s + endings(kind).sign)), m_dueSign({fraFindDue, imgFindDue, lblFindDue}, this)
 {
     setAccent(kind.accent);
-    auto* open_ = commandButton(open, kind.icon, u"Открыть"_s);
-    auto* add_ = commandButton(add, u"add-disc"_s, u"Добавить"_s);
+    auto* open_ = MakeActionButton(open, {}, u"Открыть"_s);
+    auto* add_ = MakeActionButton(add, u"add-disc"_s, u"Добавить"_s);
     auto* buttons = row(open_, add_);
     buttons->setStretch(0, 1);
     buttons->setStretch(1, 1);
@@ -94,7 +80,7 @@ QLayout* CatalogueCard::header()
         emit menuWanted(imgLogo->mapToGlobal(QPoint(0, imgLogo->height())));
     });
 
-    auto* title = label(m_kind.title);
+    auto* title = label(m_kind.listText);
     title->setFont(Theme::heading(title->font()));
     title->setWordWrap(true);
     lblUpdate->setText(u"-"_s);

@@ -28,8 +28,8 @@ const QList<Command>& AllCommands()
         {u"ID_DB_ExportDB"_s, u"&DB-файл..."_s, u"export-db"_s, {}, u"mnuDBExportDB"_s},
         {u"ID_DB_Import"_s, u"&Импорт..."_s, u"import"_s, {}, u"frmImport"_s},
         {u"ID_DB_Wizard"_s, u"&Мастер обслуживания"_s, u"wizard"_s, {}, u"frmDBWizard"_s},
-        {u"ID_DB_Option"_s, u"&Параметры"_s, u"options"_s, {}, u"frmOption"_s},
-        {u"ID_DB_Search"_s, u"П&оиск"_s, u"search"_s, {u"Ctrl+F"_s}, u"frmDBFind"_s},
+        {u"ID_DB_Option"_s, u"П&араметры"_s, u"options"_s, {}, u"frmOption"_s},
+        {u"ID_DB_Search"_s, u"&Поиск"_s, u"search"_s, {u"Ctrl+F"_s}, u"frmDBFind"_s},
         // Вид
         {u"ID_View_Toolbars_Catalog"_s, u"&Каталоги"_s, {}, {}, {}, {}, true},
         {u"ID_View_Toolbars_Due"_s, u"&Должники"_s, {}, {}, {}, {}, true},

@@ -32,9 +32,12 @@ Commands::Commands(QObject* owner)
     for (const MenuDef& def : AllMenus()) {
         QMenu* menu = m_menus[def.id];
         for (const QString& entry : def.entries) {
-            if (entry == u"-") menu->addSeparator();
-            else if (QMenu* child = m_menus.value(entry)) menu->addMenu(child);
-            else menu->addAction(m_actions.value(entry));
+            if (entry == u"-")
+                menu->addSeparator();
+            else if (QMenu* child = m_menus.value(entry))
+                menu->addMenu(child);
+            else
+                menu->addAction(m_actions.value(entry));
         }
     }
     m_menus[u"ID_Catalog_AddCD"_s]->setIcon(icon(u"add-disc"_s));

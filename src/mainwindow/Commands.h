@@ -18,7 +18,7 @@ struct Command {
     QString text; ///< with its mnemonic, as the menu shows it
     QString icon; ///< of Icons, may be empty
     QKeySequence shortcut = {};
-    QString screen = {};     ///< disabled while this screen does not exist; empty: needs none
+    QString screen = {};      ///< disabled while this screen does not exist; empty: needs none
     QString toolbarText = {}; ///< beside the icon on a toolbar; empty: icon alone, the text is its tooltip
     bool checkable = false;
 };
@@ -34,7 +34,7 @@ struct MenuDef {
 const QList<MenuDef>& AllMenus();
 
 struct ToolbarDef {
-    QString name; ///< its caption and its name in the stored layout: "Каталоги"
+    QString name;   ///< its caption and its name in the stored layout: "Каталоги"
     QString toggle; ///< the command that shows and hides it, empty for the one that always stays
     QStringList entries;
 };

@@ -71,7 +71,11 @@ void Dashboard::arrange(int columns)
         m_grid->addWidget(m_cards[size_t(i)], i / columns, i % columns);
         m_grid->setColumnStretch(i, i < columns ? 1 : 0);
     }
-    m_grid->addWidget(m_drive, 3, 0, 1, columns);
+    // Two columns leave a place beside the third catalogue.
+    if (columns == 2)
+        m_grid->addWidget(m_drive, 1, 1);
+    else
+        m_grid->addWidget(m_drive, 3, 0, 1, columns);
 }
 
 void Dashboard::resizeEvent(QResizeEvent* event)

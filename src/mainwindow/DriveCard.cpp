@@ -1,23 +1,12 @@
 #include "mainwindow/DriveCard.h"
 
+#include "mainwindow/ActionButton.h"
 #include "platform/Literals.h"
 #include "recognition/DiscIdentity.h"
-#include "ui/ImageButton.h"
 #include "ui/Layout.h"
 #include "ui/Theme.h"
 
 #include <QAction>
-
-static ImageButton* button(QAction* action, const QString& icon)
-{
-    auto* made = new ImageButton;
-    made->setObjectName(u"cmd_"_s + action->objectName());
-    made->setup(icon, action->iconText(), action->toolTip());
-    made->setEnabled(action->isEnabled());
-    QObject::connect(made, &QPushButton::clicked, action, &QAction::trigger);
-    QObject::connect(action, &QAction::changed, made, [=] { made->setEnabled(action->isEnabled()); });
-    return made;
-}
 
 DriveCard::DriveCard(QAction* insert, QAction* eject)
     : m_sign(new IconLabel), lblDriveTitle(new QLabel), lblDriveMedium(new QLabel)
@@ -31,9 +20,10 @@ DriveCard::DriveCard(QAction* insert, QAction* eject)
     lblDriveTitle->setTextFormat(Qt::PlainText);
     m_sign->setScale(2.4);
 
-    auto* texts = column(lblDriveTitle, lblDriveMedium);
+    auto* texts = column(lblDriveTitle, lblDriveMedium, stretch);
     texts->setSpacing(2);
-    auto* buttons = column(button(insert, u"image-insert"_s), button(eject, u"eject"_s));
+    auto* buttons = column(MakeActionButton(insert, u"image-insert"_s, insert->iconText()),
+                           MakeActionButton(eject, u"eject"_s, eject->iconText()));
     auto* layout = row(m_sign, texts, buttons);
     layout->setStretch(1, 1);
     layout->setAlignment(m_sign, Qt::AlignTop);

@@ -9,7 +9,7 @@ constexpr int most = 1000; ///< a list bar is no place for more; keeps a damaged
 
 QStringList QueryShortcutNames(const Profile& queries)
 {
-    const int count = qBound(0, int(queries.number(u"Query", u"Count", buffer)), most);
+    const int count = int(qBound(0.0, queries.number(u"Query", u"Count", buffer), double(most)));
     QStringList names;
     for (int n = 1; n <= count; ++n) {
         const QString name = queries.read(QString::number(n), u"Name", buffer).trimmed();

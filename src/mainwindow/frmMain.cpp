@@ -19,7 +19,7 @@
 namespace {
 // No window is smaller than 9100 by 6900 twips.
 constexpr QSize smallest(9100 / TwipsPerPixel + 1, 6900 / TwipsPerPixel);
-constexpr QSize designed(1040, 680);
+constexpr QSize designed(1180, 720);
 constexpr int clockPeriod = 5000;
 constexpr int watchPeriod = 1000;
 constexpr int blinkPeriod = 500;
@@ -111,9 +111,8 @@ void frmMain::connectAll()
     connect(m_dashboard, &Dashboard::panelToggled, this, [this] { m_commands.action(u"ID_Panel")->trigger(); });
     const std::array menus{u"ID_QuickAD"_s, u"ID_QuickPC"_s, u"ID_QuickDVD"_s};
     for (size_t i = 0; i < menus.size(); ++i) {
-        connect(m_dashboard->cards()[i], &CatalogueCard::menuWanted, this, [this, id = menus[i]](const QPoint& at) {
-            program.dialogs.Popup(*m_commands.menu(id), at);
-        });
+        connect(m_dashboard->cards()[i], &CatalogueCard::menuWanted, this,
+                [this, id = menus[i]](const QPoint& at) { program.dialogs.Popup(*m_commands.menu(id), at); });
     }
 }
 

@@ -32,9 +32,9 @@ const QList<ListBarGroup>& listBarGroups()
     static const QList<ListBarGroup> groups{
         {u"g1"_s,
          u"Каталоги"_s,
-         {{u"Аудио диски"_s, u"cat1"_s, u"disc-audio"_s, u"ID_Catalog_AudioCD"_s},
-          {u"Компьютерные диски"_s, u"cat2"_s, u"disc-data"_s, u"ID_Catalog_PCCD"_s},
-          {u"DVD диски"_s, u"cat3"_s, u"disc-dvd"_s, u"ID_Catalog_DVD"_s}}},
+         {{Audio().listText, u"cat1"_s, u"disc-audio"_s, u"ID_Catalog_AudioCD"_s},
+          {Computer().listText, u"cat2"_s, u"disc-data"_s, u"ID_Catalog_PCCD"_s},
+          {Dvd().listText, u"cat3"_s, u"disc-dvd"_s, u"ID_Catalog_DVD"_s}}},
         {u"g2"_s,
          u"Должники"_s,
          {{u"Список должников"_s, u"due1"_s, u"people"_s, u"ID_Due_List"_s},
@@ -51,8 +51,7 @@ const QList<ListBarGroup>& listBarGroups()
 }
 
 /// Which add command LastAction 1, 2, 3 repeats.
-const std::array<QString, 3> addCommands{u"ID_Catalog_AddAudioCD"_s, u"ID_Catalog_AddPCCD"_s,
-                                         u"ID_Catalog_AddDVD"_s};
+const std::array<QString, 3> addCommands{u"ID_Catalog_AddAudioCD"_s, u"ID_Catalog_AddPCCD"_s, u"ID_Catalog_AddDVD"_s};
 }
 
 bool frmMain::offers(QStringView screen) const
@@ -90,8 +89,7 @@ void frmMain::AddListbars()
     if (SSListBar->groupCount() >= 2) return;
     for (const ListBarGroup& group : listBarGroups()) {
         if (!SSListBar->hasGroup(group.key)) SSListBar->addGroup(group.key, group.caption);
-        for (const ListBarItem& item : group.items)
-            SSListBar->addItem(group.key, item.key, item.text, icon(item.icon));
+        for (const ListBarItem& item : group.items) SSListBar->addItem(group.key, item.key, item.text, icon(item.icon));
     }
 }
 
@@ -144,8 +142,10 @@ void frmMain::addDisc(const CatalogueKind& kind)
     Guarded("frmMain, AddDisc()"_L1, [&] {
         if (!offers(kind.editor)) return;
         ResetDiscSigns();
-        if (AddDisc(program, kind)) openCatalogue(kind, program.shared.LastSavedNumber);
-        else LoadData();
+        if (AddDisc(program, kind))
+            openCatalogue(kind, program.shared.LastSavedNumber);
+        else
+            LoadData();
         const size_t index = size_t(std::ranges::find(AllCatalogues(), &kind) - AllCatalogues().begin());
         program.settings().write(u"Toolbars", u"LastAction", QString::number(index + 1));
         enableCommands();

@@ -7,7 +7,6 @@
 #include "recognition/DiscImages.h"
 #include "store/DatabaseSet.h"
 
-
 void frmMain::LoadData()
 {
     Guarded("frmMain, LoadData()"_L1, [&] {

@@ -51,12 +51,6 @@ void frmSplashMain::showNow()
 
 static QString part(const QString& version, int index) { return version.section(u'.', index, index); }
 
-QString ProgramTitle(const QString& version)
-{
-    return u"vinora %1.%2"_s.arg(part(version, 0), part(version, 1));
-}
+QString ProgramTitle(const QString& version) { return u"vinora %1.%2"_s.arg(part(version, 0), part(version, 1)); }
 
-QString VersionLine(const QString& version)
-{
-    return ProgramTitle(version) + u" build "_s + part(version, 2);
-}
+QString VersionLine(const QString& version) { return ProgramTitle(version) + u" build "_s + part(version, 2); }

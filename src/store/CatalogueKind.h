@@ -30,6 +30,7 @@ struct CatalogueKind {
     QString kindWord; ///< "AudioCD", "PcCD", "DVD": what a medium in a drive is
     int accent;       ///< of Theme
     QString icon;     ///< of Icons
+    QString listText; ///< "Аудио диски": in the list bar and on the dashboard
 
     QString table; ///< "Аудио"
     QString key;   ///< "КодАудиоДиск"

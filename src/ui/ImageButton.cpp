@@ -10,7 +10,7 @@ ImageButton::ImageButton(QWidget* parent) : QPushButton(parent) { setAutoDefault
 
 void ImageButton::setup(const QString& iconName, const QString& text, const QString& hint, const QKeySequence& shortcut)
 {
-    setIcon(::icon(iconName));
+    setIcon(iconName.isEmpty() ? QIcon() : ::icon(iconName));
     setText(text);
     setAccessibleName(text.isEmpty() ? hint : QString());
 

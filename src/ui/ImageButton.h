@@ -10,7 +10,7 @@ class ImageButton : public QPushButton {
 public:
     explicit ImageButton(QWidget* parent = nullptr);
 
-    /// `text` may be empty for a picture alone and may hold a mnemonic "&". `hint` is the tooltip and, without text, the
+    /// `icon` may be empty for a word alone, `text` for a picture alone and may hold a mnemonic "&". `hint` is the tooltip and, without text, the
     /// accessible name. `shortcut` is named in the tooltip.
     void setup(const QString& icon, const QString& text, const QString& hint, const QKeySequence& shortcut = {});
 

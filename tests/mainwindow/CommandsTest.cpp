@@ -22,7 +22,8 @@ TEST(Commands, EveryEntryOfAMenuOrToolbarIsSomething)
     for (const MenuDef& menu : AllMenus()) known += menu.id;
 
     const auto check = [&](const QString& where, const QStringList& entries) {
-        for (const QString& entry : entries) EXPECT_TRUE(known.contains(entry)) << (where + u": "_s + entry).toStdString();
+        for (const QString& entry : entries)
+            EXPECT_TRUE(known.contains(entry)) << (where + u": "_s + entry).toStdString();
     };
     for (const MenuDef& menu : AllMenus()) check(menu.id, menu.entries);
     for (const ToolbarDef& bar : AllToolbars()) {
@@ -49,7 +50,7 @@ TEST(Commands, NoTwoShareAShortcutOrAMnemonicOfTheirMenu)
             const qsizetype at = action->text().indexOf(u'&');
             if (at < 0) continue;
             const QChar letter = action->text().at(at + 1).toLower();
-            EXPECT_FALSE(taken.contains(letter)) << def.id.toStdString() << ": " << action->text().toStdString();
+            EXPECT_FALSE(taken.contains(letter)) << (def.id + u": "_s + action->text()).toStdString();
             taken += letter;
         }
     }

@@ -94,7 +94,9 @@ int main(int argc, char** argv)
         return 2;
     }
     Walk walk(QString::fromLocal8Bit(argv[1]));
-    if (argc > 2) firstDay(walk, QString::fromLocal8Bit(argv[2]));
-    else nextDay(walk);
+    if (argc > 2)
+        firstDay(walk, QString::fromLocal8Bit(argv[2]));
+    else
+        nextDay(walk);
     return RunVinora(argc, argv, [&](frmMain& window) { walk.start(&window); });
 }

@@ -77,8 +77,7 @@ void Walk::picture(const QString& name)
     step(u"picture "_s + name, [=, this] {
         QTest::qWait(rest);
         QWidget* window = top();
-        const QString path =
-            u"%1/%2-%3.png"_s.arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
+        const QString path = u"%1/%2-%3.png"_s.arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
         // What is on the screen, with the window's neighbours, as a person sees it.
         if (!window->screen()->grabWindow(0).save(path)) fail(u"the picture cannot be written: "_s + path);
         std::printf("%s\n", qPrintable(path));
@@ -96,8 +95,10 @@ void Walk::proceed()
     if (m_steps.empty()) fail(u"the walk is over and the program still runs"_s);
     if (m_steps.front().holds) {
         m_current = m_steps.front().what;
-        if (m_steps.front().holds()) m_steps.pop_front();
-        else if ((m_waited += rest) > patience) fail(u"this does not come to be"_s);
+        if (m_steps.front().holds())
+            m_steps.pop_front();
+        else if ((m_waited += rest) > patience)
+            fail(u"this does not come to be"_s);
         QTimer::singleShot(rest, this, &Walk::proceed);
         return;
     }
