@@ -12,6 +12,7 @@ frmEditFilter::frmEditFilter(Program& program) : Screen(program, u"frmEditFilter
     lblInfo->setWordWrap(true);
     lvFilter->setColumns({{u"Файлы (0)"_s}});
     lvFilter->setCheckable(true);
+    lvFilter->setMinimumHeight(fontMetrics().height() * 12);
     lvFilter->setAccessibleName(u"Файлы"_s);
     cmdSelect->setup(u"select-all"_s, {}, u"Отметить все"_s, Qt::CTRL | Qt::Key_A);
     cmdDeselect->setup(u"deselect-all"_s, {}, u"Снять все отметки"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_A);

@@ -20,9 +20,7 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
     setMaximizable();
     lblHeader->setText(u"Список файлов Компьютерного диска"_s);
     lblHeader->setFont(Theme::heading(font()));
-    for (QLabel* plain : {lblNumber, lblName}) plain->setTextFormat(Qt::PlainText);
     txtNoFiles->setText(u"В этой папке нет файлов"_s);
-    lblNoFiles->setText(u"Списка файлов нет"_s);
     for (QLabel* empty : {txtNoFiles, lblNoFiles}) {
         empty->setAlignment(Qt::AlignCenter);
         empty->setEnabled(false);
@@ -30,6 +28,7 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
     trView->setHeaderHidden(true);
     trView->setUniformRowHeights(true);
     trView->setModel(&tree);
+    trView->setMinimumHeight(fontMetrics().height() * 12);
     trView->setAccessibleName(u"Папки"_s);
     lvFiles->setColumns({{u"Файлов: 0"_s}, {u"Размер (Кб)"_s, 14, Qt::AlignRight}});
     lvFiles->setSortable(true);
@@ -57,7 +56,7 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
     picSlider->setStretchFactor(0, 2);
     picSlider->setStretchFactor(1, 3);
     QBoxLayout* page = column(
-        row(lblHeader, stretch, discCaption, cmbCountCD), row(numberCaption, lblNumber, lblName, stretch),
+        row(lblHeader, stretch, discCaption, cmbCountCD), row(numberCaption, lblNumber, lblName),
         stack(picSlider, lblNoFiles),
         row(volumeCaption, lblCDSpace[0], stretch, imgButton[1], imgButton[2], imgButton[3], imgButton[0]));
     page->setStretch(2, 1);
@@ -99,6 +98,7 @@ void frmFileList::Form_Load()
             cmbCountCD->setEnabled(cmbCountCD->count() > 1);
             cmbCountCD->setCurrentIndex(std::clamp(request.disc, 1, cmbCountCD->count()) - 1);
         }
+        trView->setFocus();
         cmbCountCD_Click();
     });
 }
@@ -117,6 +117,7 @@ void frmFileList::cmbCountCD_Click()
             return;
         }
         showTree(false);
+        lblNoFiles->setText(u"Списка файлов нет.\nВставьте диск и нажмите «Создать»."_s);
         txtCommentDir->clear();
         txtCommentFile->clear();
         setEnabledByTag(u"CommentDir", false);
@@ -136,6 +137,7 @@ bool frmFileList::BuildTree()
         setEnabledByTag(u"CommentDir", false);
         setEnabledByTag(u"CommentFile", false);
         showTree(false);
+        lblNoFiles->setText(u"Список файлов не читается.\nВставьте диск и нажмите «Пересоздать»."_s);
         MsgBox(u"ВНИМАНИЕ!\r\rПроизошла ошибка при создании списка файлов! Необходимо повторно произвести сканирование "
                u"диска."_s);
         return false;

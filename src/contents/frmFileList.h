@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contents/ElidedLabel.h"
 #include "contents/FileLists.h"
 #include "contents/FolderModel.h"
 #include "frame/Screen.h"
@@ -18,7 +19,7 @@ public:
 
     QLabel* lblHeader = named("lblHeader");
     QLabel* lblNumber = named("lblNumber");
-    QLabel* lblName = named("lblName");
+    ElidedLabel* lblName = named("lblName");
     QComboBox* cmbCountCD = named("cmbCountCD");
     QSplitter* picSlider = named("picSlider");
     QTreeView* trView = named("trView");
