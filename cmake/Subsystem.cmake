@@ -2,7 +2,8 @@
 add_library(vinora_flags INTERFACE)
 target_compile_options(vinora_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow=local -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
-    -Wcast-qual -Wduplicated-cond -Wlogical-op -Werror)
+    -Wcast-qual -Wduplicated-cond -Wlogical-op -Werror
+    $<$<CONFIG:Release>:-Wno-maybe-uninitialized>) # optimised, std::variant makes GCC 12 guess wrong
 target_include_directories(vinora_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
 if(VINORA_SANITIZE)
     target_compile_options(vinora_flags INTERFACE
