@@ -53,15 +53,20 @@ bool CreateFileTable(const Database& files, const Database& main, QString& id, c
     }
 }
 
-FileListWriter::FileListWriter(const Database& files, const QString& id)
-    : m_files(files), m_insert(u"INSERT INTO [%1] (Имя, Путь, Размер, Комментарий) VALUES (?, ?, ?, ?)"_s.arg(id))
-{}
-
 static Value orNull(const QString& text) { return text.isEmpty() ? Value() : Value(text); }
+
+FileListWriter::FileListWriter(const Database& files, const QString& id)
+    : m_list(files.OpenRecordset(u"SELECT * FROM [%1]"_s.arg(id)))
+{}
 
 void FileListWriter::add(const FileRow& row)
 {
-    m_files.Execute(m_insert, {row.name, row.folder, row.size, orNull(row.comment)});
+    m_list.AddNew();
+    m_list[u"Имя"] = row.name;
+    m_list[u"Путь"] = row.folder;
+    m_list[u"Размер"] = row.size;
+    m_list[u"Комментарий"] = orNull(row.comment);
+    m_list.Update();
 }
 
 /// Sets fields of the row of a disc.

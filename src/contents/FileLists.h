@@ -32,8 +32,7 @@ public:
     void add(const FileRow& row);
 
 private:
-    Database m_files;
-    QString m_insert;
+    Recordset m_list;
 };
 
 /// The row's disc has the list `id` from now on; `share` binds it to the medium of that identifier, too.

@@ -16,9 +16,14 @@ QString VolumeText(double kilobytes)
 
 QString ListVolume(const Database& files, const QString& id)
 {
-    const Recordset sizes = files.OpenRecordset(u"SELECT Размер FROM [%1]"_s.arg(id));
+    // An expression is grouped by its letters, which is quicker than the order of fields, and gives all rows in one go.
+    const Recordset sizes = files.OpenRecordset(
+        u"SELECT Размер & '', COUNT(*) FROM [%1] GROUP BY Размер & ''"_s.arg(id));
     if (sizes.RecordCount() == 0) return u"~0 Мб"_s;
     double kilobytes = 0;
-    for (int i = 0; i < sizes.RecordCount(); ++i) kilobytes += SizeInKilobytes(sizes.row(i).first().text());
+    for (int i = 0; i < sizes.RecordCount(); ++i) {
+        const QList<Value> size = sizes.row(i);
+        kilobytes += SizeInKilobytes(size[0].text()) * size[1].toInt();
+    }
     return VolumeText(kilobytes);
 }

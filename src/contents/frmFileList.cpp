@@ -10,6 +10,7 @@
 #include "ui/Icons.h"
 #include "ui/Theme.h"
 
+#include <QShortcut>
 #include <algorithm>
 
 static constexpr int MaximumComment = 50;
@@ -55,6 +56,8 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
     picSlider->setChildrenCollapsible(false);
     picSlider->setStretchFactor(0, 2);
     picSlider->setStretchFactor(1, 3);
+    for (const auto& [keys, step] : {std::pair{Qt::ALT | Qt::Key_Left, -1}, std::pair{Qt::ALT | Qt::Key_Right, 1}})
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, step = step] { moveDivider(step); });
     QBoxLayout* page = column(
         row(lblHeader, stretch, discCaption, cmbCountCD), row(numberCaption, lblNumber, lblName),
         stack(picSlider, lblNoFiles),
@@ -83,6 +86,13 @@ QLayout* frmFileList::commentRow(const QString& caption, QLineEdit* box, ImageBu
     QLabel* text = label(caption, box);
     setTag({text, box, button}, tag);
     return column(text, row(box, button));
+}
+
+void frmFileList::moveDivider(int step)
+{
+    QList<int> widths = picSlider->sizes();
+    const int distance = step * fontMetrics().averageCharWidth() * 4;
+    picSlider->setSizes({widths[0] + distance, widths[1] - distance});
 }
 
 void frmFileList::Form_Load()

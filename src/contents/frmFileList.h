@@ -21,7 +21,7 @@ public:
     QLabel* lblNumber = named("lblNumber");
     ElidedLabel* lblName = named("lblName");
     QComboBox* cmbCountCD = named("cmbCountCD");
-    QSplitter* picSlider = named("picSlider");
+    QSplitter* picSlider = named("picSlider"); ///< Alt+Left and Alt+Right move it
     QTreeView* trView = named("trView");
     ListView* lvFiles = named("lvFiles");
     QLabel* txtNoFiles = named("txtNoFiles"); ///< in place of the files of a folder without any
@@ -53,6 +53,7 @@ private:
     void ShowListVolume();
     void showList();
     void showTree(bool shown);
+    void moveDivider(int step);
     /// `what` names the row in the message: "папке 'DOCS'".
     void changeComment(QLineEdit* box, const QString& name, const QString& what);
     QLayout* commentRow(const QString& caption, QLineEdit* box, ImageButton* button, const QString& tag);

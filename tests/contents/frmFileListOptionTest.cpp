@@ -31,9 +31,12 @@ protected:
 /// Closes the progress window by its frame when the disc is asked for a folder.
 struct InterruptedDisc : FakeDisc {
     QString where;
+    const Shared* shared = nullptr;
+    bool watchPaused = false; ///< then
 
     QList<DiscEntry> list(const QString& folder) override
     {
+        watchPaused = shared->DriveWatchPaused;
         if (folder == where)
             for (QWidget* window : QApplication::topLevelWidgets())
                 if (window->objectName() == "frmFileListCreate") window->close();
@@ -247,10 +250,12 @@ TEST_F(FileListOption, ClosingTheProgressWindowEndsTheWalkAndKeepsTheList)
     interrupted->properties = disc->properties;
     interrupted->file("\\A\\a", 0).file("\\B\\X\\Y\\y", 0).file("\\B\\X\\x", 0).file("\\C\\c", 0);
     interrupted->where = "\\B\\X\\";
+    interrupted->shared = &program.shared;
     drives.v.medium = interrupted;
     run<frmFileListOption>([&]() -> Script { co_await scan(); }, second(), 7);
     EXPECT_EQ(fileRows("SELECT Путь FROM [1A2B] WHERE Имя = Путь ORDER BY Путь"), "\\\n\\B\\\n\\C\\\n");
     EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер"), "1A2B\n");
+    EXPECT_TRUE(interrupted->watchPaused);
 }
 
 TEST_F(FileListOption, TooManyFilterEntriesAreAFault)

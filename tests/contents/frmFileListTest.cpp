@@ -1,9 +1,21 @@
 #include "contents/frmFileList.h"
 #include "harness/ScreenTest.h"
 
-#include <QStandardPaths>
+#include <QApplication>
+#include <QDirIterator>
 
 namespace {
+
+/// Closes the window of the copy when the disc is asked for more than the beginning of a file.
+struct InterruptedFile : FakeDisc {
+    QByteArray read(const QString& folder, const QString& name, qint64 offset, qint64 length) override
+    {
+        if (offset > 0)
+            for (QWidget* window : QApplication::topLevelWidgets())
+                if (window->objectName() == "frmCopyFile") window->close();
+        return FakeDisc::read(folder, name, offset, length);
+    }
+};
 
 class FileList : public ScreenTest {
 protected:
@@ -278,5 +290,33 @@ TEST_F(FileList, ALargeFileIsCopiedInSightAndCanBeStopped)
         co_await doubleClick("lvFiles", "film.avi");
         co_await until([&] { return !desktop.opened.isEmpty(); });
         EXPECT_TRUE(desktop.opened.value(0).endsWith("/film.avi"));
+    });
+}
+
+TEST_F(FileList, ACopyThatIsStoppedOpensNothingAndLeavesNothing)
+{
+    auto interrupted = std::make_shared<InterruptedFile>();
+    interrupted->properties = disc->properties;
+    interrupted->file("\\film.avi", 6'000'000);
+    drives.v.medium = interrupted;
+    list({"\\", "\\film.avi | 5 859,4"});
+    browse([&]() -> Script {
+        expectForm("frmCopyFile");
+        co_await doubleClick("lvFiles", "film.avi");
+        co_await until([&] { return windowName() == "frmFileList"; });
+        EXPECT_EQ(desktop.opened, QStringList());
+        EXPECT_FALSE(QDirIterator(path("cache"), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories).hasNext());
+    });
+}
+
+TEST_F(FileList, TheDividerMovesByKeys)
+{
+    listed();
+    browse([&]() -> Script {
+        const int before = control<QWidget>("trView").width();
+        co_await key(Qt::Key_Right, Qt::AltModifier);
+        EXPECT_GT(control<QWidget>("trView").width(), before);
+        co_await key(Qt::Key_Left, Qt::AltModifier);
+        EXPECT_EQ(control<QWidget>("trView").width(), before);
     });
 }
