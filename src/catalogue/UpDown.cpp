@@ -5,7 +5,6 @@
 
 #include <QKeyEvent>
 #include <QStyleOptionSpinBox>
-#include <algorithm>
 
 UpDown::UpDown(QWidget* parent) : QAbstractSpinBox(parent) {}
 
@@ -64,8 +63,8 @@ void UpDown::keyPressEvent(QKeyEvent* event)
 UpDown::Step CountBetween(int low, int high, int digits)
 {
     return [=](const QString& text, int direction) {
-        const int number = int(std::clamp(Val(text), double(low), double(high)));
-        const int next = std::clamp(number + direction, low, high);
-        return next == number && text.size() >= digits ? text : u"%1"_s.arg(next, digits, 10, QChar(u'0'));
+        const double number = Val(text);
+        if (direction > 0 ? number >= high : number <= low) return text;
+        return u"%1"_s.arg(qMax(low, int(number) + direction), digits, 10, QChar(u'0'));
     };
 }

@@ -28,6 +28,6 @@ private:
     int m_columns = 4;
 };
 
-/// Counts a whole number between `low` and `high`, written with at least `digits` digits. A text that is no number counts
-/// as 0, one outside of the range as its nearer end.
+/// Counts a whole number up while it is below `high` and down while it is above `low`, written with at least `digits`
+/// digits. A text that is no number counts as 0.
 UpDown::Step CountBetween(int low, int high, int digits = 1);

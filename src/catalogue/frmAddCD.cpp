@@ -57,6 +57,7 @@ QWidget* frmAddCD::audioSources()
 void frmAddCD::Form_Load()
 {
     Routine("Form_Load"_L1, [&] {
+        setVisibleByTag(u"MyGroup", kind.lists == DiscLists::Tracks);
         for (const QChar letter : GetCDDrives(program)) cmbDrive->addItem(letter + u":\\"_s);
         if (cmbDrive->count() == 0) {
             cmbDrive->addItem(NoDrive);
@@ -71,7 +72,6 @@ void frmAddCD::Form_Load()
 void frmAddCD::Form_Activate()
 {
     Routine("Form_Activate"_L1, [&] {
-        setVisibleByTag(u"MyGroup", kind.lists == DiscLists::Tracks);
         txtNumber->setText(QString::number(FirstFreeNumber(program.mainDatabase(), kind)));
         UpdateDriveInfo();
         txtNumber->setFocus();

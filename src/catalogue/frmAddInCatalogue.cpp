@@ -15,6 +15,7 @@ frmAddInCatalogue::frmAddInCatalogue(Program& program, const CatalogueKind& kind
       m_names(new PrefixCompletion(txtName, this)), m_dictionary(new PrefixCompletion(txtDictionary, this))
 {
     txtName->setMaxLength(60);
+    txtName->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
     txtYear->setMaxLength(5);
     // A longer name than a dictionary holds has a message of its own where the catalogue tests it.
     txtDictionary->setMaxLength(kind.dictionary.lengthMessage.isEmpty() ? 50 : 255);
@@ -61,11 +62,11 @@ void frmAddInCatalogue::moveOnByEnter(const QList<QLineEdit*>& boxes)
     connect(boxes.back(), &QLineEdit::returnPressed, this, [this] { cmdAdd(); });
 }
 
-/// OK is the default button, but Enter in a box only moves on.
+/// OK is the default button for the eye: Enter in a box moves on.
 void frmAddInCatalogue::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && qobject_cast<QLineEdit*>(focusWidget())) return;
+    if (enter && !qobject_cast<QPushButton*>(focusWidget())) return;
     CatalogueScreen::keyPressEvent(event);
 }
 

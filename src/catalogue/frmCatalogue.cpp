@@ -7,6 +7,7 @@
 #include "frame/Text.h"
 #include "recognition/BoundDisc.h"
 #include "recognition/DiscIdentity.h"
+#include "ui/Theme.h"
 
 static const auto MyGroup = u"MyGroup"_s;
 
@@ -34,7 +35,7 @@ frmCatalogue::frmCatalogue(Program& program, const CatalogueKind& kind)
     dbGrid->setDataControl(dcDatabase);
     for (const SortOrder& order : kind.sortOrders) cmbSorted->addItem(order.item);
     chSortedDESC->setText(u"в обратном порядке"_s);
-    imgDue->setIcon(u"loan-warning"_s);
+    imgDue->setIcon(u"loan-warning"_s, Theme::danger(palette()));
     lblDue->setTextFormat(Qt::PlainText);
 
     setUpButtons();
@@ -64,8 +65,8 @@ void frmCatalogue::setUpButtons()
         button(6, u"files"_s, u"Файлы"_s, u"Список файлов диска"_s, Qt::CTRL | Qt::Key_L, &frmCatalogue::showList);
     if (kind.lists == DiscLists::Tracks)
         button(6, u"tracks"_s, u"Треки"_s, u"Список треков диска"_s, Qt::CTRL | Qt::Key_L, &frmCatalogue::showList);
-    button(kind.coverButton, u"cover-edit"_s, u"Изменить"_s, u"Изменить обложку диска"_s, {}, nullptr);
-    button(kind.coverButton + 1, u"cover-delete"_s, u"Удалить"_s, u"Удалить обложку диска"_s, {}, nullptr);
+    button(kind.coverButton, u"cover-edit"_s, u"Изменить обложку"_s, u"Изменить обложку диска"_s, {}, nullptr);
+    button(kind.coverButton + 1, u"cover-delete"_s, u"Удалить обложку"_s, u"Удалить обложку диска"_s, {}, nullptr);
 }
 
 void frmCatalogue::connectControls()
@@ -90,11 +91,15 @@ void frmCatalogue::connectControls()
     });
 }
 
+Database frmCatalogue::database() const
+{
+    return external() ? program.engine.OpenDatabaseReadOnly(program.shared.MainDBPath) : program.mainDatabase();
+}
+
 void frmCatalogue::Form_Load()
 {
     Routine("Form_Load"_L1, [&] {
-        dcDatabase->setDatabase(external() ? program.engine.OpenDatabaseReadOnly(program.shared.MainDBPath)
-                                           : program.mainDatabase());
+        dcDatabase->setDatabase(database());
         if (const auto interval = BlinkInterval(program, u"tmrDueCatalogue")) m_due->setInterval(*interval);
         allow(1, !external());
         allow(5, false);
@@ -105,12 +110,13 @@ void frmCatalogue::Form_Load()
         if (!external() && program.shared.CatalogueQueryMode) markAsQuery();
     });
     cmbSorted_Click();
+    if (m_openOn > 0) findNumber(m_openOn);
 }
 
 void frmCatalogue::Form_Activate()
 {
     if (!external()) AutoResp();
-    if (m_openOn > 0) findNumber(m_openOn);
+    if (m_openOn > 0) findNumber(m_openOn); // who asked for a disc sees that one
     dbGrid->setFocus();
 }
 
@@ -139,7 +145,7 @@ void frmCatalogue::loadSortOrder()
 void frmCatalogue::FullDictionary()
 {
     const DictionaryKind& dictionary = kind.dictionary;
-    const Recordset names = program.mainDatabase().OpenRecordset(
+    const Recordset names = database().OpenRecordset(
         u"SELECT %1 FROM %1 ORDER BY %2"_s.arg(dictionary.table, dictionary.key));
     cmbDictionary->clear();
     for (int position = 0; position < names.RecordCount(); ++position)

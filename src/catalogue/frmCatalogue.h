@@ -71,7 +71,7 @@ protected:
 private:
     void setUpButtons();
     void connectControls();
-    QWidget* toolbar();
+    QLayout* toolbar();
     QLayout* listSide();
     QLayout* detailSide(QLayout* extras);
 
@@ -102,6 +102,7 @@ private:
     void rowDoubleClicked();
 
     void allow(int button, bool allowed);
+    Database database() const;
     bool external() const { return program.shared.ExternalDBOpen; }
     qint64 currentKey() const { return dcDatabase->value(kind.key).toLong(); }
     int currentNumber() const { return dcDatabase->value(u"Номер").toInt(); }

@@ -14,6 +14,7 @@ void frmCatalogue::cmdAdd()
         FullDictionary();
         dcDatabase->Refresh();
         findNumber(program.shared.LastSavedNumber);
+        dbGrid->setFocus();
     });
 }
 
@@ -37,6 +38,7 @@ void frmCatalogue::cmdChange()
         FullDictionary();
         dcDatabase->Refresh();
         findKey(key);
+        dbGrid->setFocus();
     });
 }
 
@@ -49,6 +51,7 @@ void frmCatalogue::cmdDelete()
         RemoveDisc(program, kind, currentKey());
         dcDatabase->Refresh();
         if (dcDatabase->recordCount() > 0) dcDatabase->MoveTo(qMin(position, dcDatabase->recordCount() - 1));
+        dbGrid->setFocus();
     });
 }
 

@@ -1,12 +1,15 @@
 #include "catalogue/frmCatalogue.h"
-#include "ui/Icons.h"
 #include "ui/Theme.h"
 
-QWidget* frmCatalogue::toolbar()
+QLayout* frmCatalogue::toolbar()
 {
-    auto* buttons = row(imgButton[1], imgButton[3], imgButton[2], imgButton[4], imgButton[6], stretch, imgButton[5],
-                        imgButton[0]);
-    return panel(buttons);
+    auto* sign = new IconLabel;
+    sign->setIcon(kind.icon, Theme::accent(kind.accent, palette()));
+    sign->setScale(2);
+    auto* buttons = row(sign, imgButton[1], imgButton[3], imgButton[2], imgButton[4], imgButton[6], stretch,
+                        imgButton[5], imgButton[0]);
+    buttons->setSpacing(Theme::Gap);
+    return buttons;
 }
 
 QLayout* frmCatalogue::listSide()
@@ -14,35 +17,45 @@ QLayout* frmCatalogue::listSide()
     lblSorted->setText(u"&Сортировка:"_s);
     lblSorted->setBuddy(cmbSorted);
     cmbSorted->setAccessibleName(u"Сортировка"_s);
+    dbGrid->setAccessibleName(kind.title);
     return column(row(lblSorted, cmbSorted, chSortedDESC, stretch), dbGrid, row(lblCDsCount0, lblCDsCount1, stretch));
 }
 
 QLayout* frmCatalogue::detailSide(QLayout* extras)
 {
-    auto* due = row(imgDue, lblDue, stretch);
-    auto* first = row(txtNumber, label(u"&Год:"_s, txtYear), txtYear, label(u"&Дисков:"_s, txtCDs), txtCDs);
-    auto* dates = row(txtDateAdd, label(u"И&зменен:"_s, txtDateUpdate), txtDateUpdate);
+    auto* first = row(txtNumber, label(u"&Год"_s, txtYear), txtYear, label(u"&Дисков"_s, txtCDs), txtCDs);
+    first->setStretchFactor(txtNumber, 3);
+    first->setStretchFactor(txtYear, 3);
+    first->setStretchFactor(txtCDs, 2);
+    auto* dates = row(txtDateAdd, label(u"&Изменен"_s, txtDateUpdate), txtDateUpdate);
     auto* common = grid({
-        {label(u"Но&мер:"_s, txtNumber), first},
-        {label(u"Н&азвание [запрос]:"_s, txtName), txtName},
-        {label(u"&Описание [запрос]:"_s, cmbDictionary), cmbDictionary},
-        {label(u"Дом:"_s, txtDateAdd), dates},
+        {label(u"Но&мер"_s, txtNumber), first},
+        {label(u"&%1 [запрос]"_s.arg(kind.nameCaption), txtName), txtName},
+        {label(u"&%1 [запрос]"_s.arg(kind.dictionary.caption), cmbDictionary), cmbDictionary},
+        {label(u"До&бавлен"_s, txtDateAdd), dates},
     });
-    fraMain[0]->setLayout(column(common, extras, due));
+    fraMain[0]->setLayout(column(common, extras));
     fraMain[1]->setLayout(column(
         imgBox, row(stretch, imgButton[std::size_t(kind.coverButton)], imgButton[std::size_t(kind.coverButton + 1)])));
     TabStrip->addTab(u"Сведения"_s);
     TabStrip->addTab(u"Обложка"_s);
-    fraMain[1]->hide();
-    return column(TabStrip, fraMain[0], fraMain[1]);
+    TabStrip->setDrawBase(false);
+
+    lblDue->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    // Both tabs are as large as the larger one, so that the window does not jump.
+    return column(TabStrip, stack(fraMain[0], fraMain[1]), row(imgDue, lblDue, stretch));
 }
 
 void frmCatalogue::build(QLayout* extras)
 {
-    auto* sides = new QHBoxLayout;
+    auto* sides = row();
     sides->setSpacing(Theme::Between);
-    sides->addLayout(listSide(), 3);
-    sides->addLayout(detailSide(extras), 2);
-    setLayout(column(toolbar(), sides));
-    resize(fontMetrics().horizontalAdvance(u'0') * 130, fontMetrics().height() * 34);
+    sides->addLayout(listSide(), 1);
+    sides->addLayout(detailSide(extras), 1);
+    auto* all = column(toolbar(), sides);
+    all->setSpacing(Theme::Between);
+    setLayout(all);
+    setMaximizable();
+    const QFontMetrics metrics = fontMetrics();
+    resize(metrics.horizontalAdvance(u'0') * 130, metrics.height() * 36);
 }
