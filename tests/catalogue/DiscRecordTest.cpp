@@ -1,0 +1,130 @@
+#include "catalogue/DiscRecord.h"
+#include "catalogue/DiscRemoval.h"
+#include "catalogue/LoanMark.h"
+#include "catalogue/Reduction.h"
+#include "catalogue/UpDown.h"
+#include "harness/ScreenTest.h"
+
+namespace {
+class DiscRecords : public ScreenTest {
+protected:
+    Database main() { return program.mainDatabase(); }
+};
+
+TEST_F(DiscRecords, DictionaryNamesAreFoundWithoutRegardToCaseAndElseAdded)
+{
+    const qint64 quest = FindOrAddName(main(), Computer().dictionary, "кВеСт");
+    EXPECT_EQ(rows(u"SELECT Описание FROM Описание WHERE КодОписания = %1"_s.arg(quest)).trimmed(), "Квест");
+    EXPECT_EQ(FindOrAddName(main(), Computer().dictionary, ""), 1);
+    const qint64 added = FindOrAddName(main(), Computer().dictionary, "Шахматы");
+    EXPECT_EQ(added, 24);
+    EXPECT_EQ(FindOrAddName(main(), Computer().dictionary, "ШАХМАТЫ"), added);
+}
+
+TEST_F(DiscRecords, AnAddedDiscIsReadBackAsItWasSaved)
+{
+    const DiscRecord saved{.key = 0,
+                           .number = 7,
+                           .name = "Debian \"sarge\"",
+                           .year = "",
+                           .description = "Квест",
+                           .discs = 2,
+                           .extra = {{"РасОписание", u"две\nстроки"_s}},
+                           .binding = "1A2B"};
+    SaveDisc(main(), Computer(), saved, FindOrAddName(main(), Computer().dictionary, saved.description), clock.today());
+    EXPECT_EQ(rows("SELECT Номер, Год, Дисков, ДатаЗаписи, ДатаИзменения, ДискID1, ДискID1_d FROM Компьютер").trimmed(),
+              "7 | Null | 2 | 2003-11-14 | 2003-11-14 | Null | 1A2B");
+    EXPECT_EQ(rows("SELECT ПослОбновлКомпьютер, ПослОбновлАудио FROM _Информация").trimmed(), "2003-11-14 | Null");
+
+    const auto read = ReadDisc(main(), Computer(), 1);
+    EXPECT_TRUE(read);
+    EXPECT_EQ(read->name, saved.name);
+    EXPECT_EQ(read->description, "Квест");
+    EXPECT_EQ(read->extra, saved.extra);
+    EXPECT_FALSE(ReadDisc(main(), Computer(), 2));
+}
+
+TEST_F(DiscRecords, AChangeKeepsNumberDateAddedAndBindings)
+{
+    const qint64 key = shelf.computer(3, "Старое").added("2001-02-03").bound(2, "BEEF").key();
+    shelf.computer(3, "Тот же номер");
+    auto record = *ReadDisc(main(), Computer(), key);
+    record.name = "Новое";
+    record.number = 99;
+    record.binding = "CAFE";
+    SaveDisc(main(), Computer(), record, 1, clock.today());
+    EXPECT_EQ(
+        rows("SELECT Номер, Название, ДатаЗаписи, ДатаИзменения, ДискID1_d, ДискID2_d FROM Компьютер"),
+        "3 | Новое | 2001-02-03 | 2003-11-14 | Null | BEEF\n3 | Тот же номер | 2003-11-14 | Null | Null | Null\n");
+}
+
+TEST_F(DiscRecords, ReductionAsksOnlyForDiscsThatGoAndHaveLists)
+{
+    const qint64 key =
+        shelf.computer(1, "Набор").discs(6).list(2, "AAAA", {"\\a"}).list(4, "BBBB", {"\\b"}).bound(4, "BBBB").key();
+    const struct {
+        int before, after;
+        bool loses;
+    } cases[] = {{6, 6, false}, {6, 5, false}, {6, 4, false}, {6, 3, true}, {3, 2, false}, {2, 1, true}, {3, 6, false}};
+    for (const auto& [before, after, loses] : cases)
+        EXPECT_EQ(LosesLists(main(), Computer(), {key, before, after}), loses) << before << after;
+
+    DropLostLists(main(), program.filesDatabase(), Computer(), {key, 4, 3});
+    EXPECT_FALSE(program.filesDatabase().HasTable("BBBB"));
+    EXPECT_TRUE(program.filesDatabase().HasTable("AAAA"));
+    EXPECT_EQ(rows("SELECT ДискID2, ДискID4, ДискID4_d FROM Компьютер").trimmed(), "AAAA | Null | BBBB");
+
+    const qint64 dvd = shelf.dvd(1, "Фильм").discs(3).key();
+    EXPECT_FALSE(LosesLists(main(), Dvd(), {dvd, 3, 1}));
+}
+
+TEST_F(DiscRecords, RemovalTakesCoverListsAndRowAndPassesOverAListThatIsGone)
+{
+    const qint64 key = shelf.computer(5, "Прочь").discs(2).list(1, "AAAA", {"\\a"}).set("ДискID2", u"GONE"_s).key();
+    shelf.computer(5, "Тот же номер").list(1, "BBBB", {"\\b"});
+    QDir().mkpath(path("box"));
+    for (const char* name : {"box/pc_5.box", "box/ad_5.box"}) EXPECT_TRUE(QFile(path(name)).open(QIODevice::WriteOnly));
+
+    RemoveDisc(program, Computer(), key);
+    EXPECT_EQ(rows("SELECT Название FROM Компьютер").trimmed(), "Тот же номер");
+    EXPECT_FALSE(program.filesDatabase().HasTable("AAAA"));
+    EXPECT_TRUE(program.filesDatabase().HasTable("BBBB"));
+    EXPECT_FALSE(QFile::exists(path("box/pc_5.box")));
+    EXPECT_TRUE(QFile::exists(path("box/ad_5.box")));
+    EXPECT_EQ(rows("SELECT ПослОбновлКомпьютер FROM _Информация").trimmed(), "2003-11-14");
+}
+
+TEST_F(DiscRecords, TheBorrowerIsWhoHasTheDiscNow)
+{
+    ShelfDisc disc = shelf.computer(1, "Диск").lent("Иванов", "2003-01-02", "2003-02-01").lent("Петрова", "2003-05-09");
+    shelf.audio(1, "Той же цифры ключ").lent("Сидоров", "2003-05-09");
+    EXPECT_EQ(BorrowerOf(main(), Computer(), disc.key()), "Петрова");
+
+    TakeBack(main(), Computer(), disc.key(), clock.today());
+    EXPECT_EQ(BorrowerOf(main(), Computer(), disc.key()), "");
+    EXPECT_EQ(rows("SELECT Категория, Долг, ДатаВозвратаРеальная FROM Должники WHERE ДатаВыдачи = \"2003-05-09\""),
+              "PC | 0 | 2003-11-14\nAD | -1 | Null\n");
+    EXPECT_EQ(rows("SELECT Должник FROM Компьютер").trimmed(), "0");
+
+    const qint64 marked = shelf.computer(2, "Без записи в книге").set("Должник", true).key();
+    EXPECT_EQ(BorrowerOf(main(), Computer(), marked), "");
+    TakeBack(main(), Computer(), marked, clock.today());
+    EXPECT_EQ(rows("SELECT Должник FROM Компьютер WHERE Номер = 2").trimmed(), "0");
+}
+
+TEST(CountBetween, StopsAtItsEndsAndKeepsItsDigits)
+{
+    const auto year = CountBetween(0, 9999, 4);
+    const auto count = CountBetween(1, 6);
+    const struct {
+        const UpDown::Step& step;
+        const char *text, *down, *up;
+    } cases[] = {{year, "2003", "2002", "2004"}, {year, "0000", "0000", "0001"}, {year, "9999", "9998", "9999"},
+                 {year, "9", "0008", "0010"},    {year, "", "", "0001"},         {year, "99999", "99998", "99999"},
+                 {count, "1", "1", "2"},         {count, "6", "5", "6"}};
+    for (const auto& [step, text, down, up] : cases) {
+        EXPECT_EQ(step(text, -1), down) << text;
+        EXPECT_EQ(step(text, 1), up) << text;
+    }
+}
+}

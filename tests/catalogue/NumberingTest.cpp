@@ -1,0 +1,114 @@
+#include "catalogue/Numbering.h"
+#include "catalogue/Covers.h"
+#include "harness/ScreenTest.h"
+
+#include <QDir>
+
+namespace {
+class Numbering : public ScreenTest {
+protected:
+    void discs(std::initializer_list<int> numbers, const CatalogueKind& kind = Computer())
+    {
+        for (const int number : numbers) shelf.disc(kind, number, u"Диск %1"_s.arg(number));
+    }
+    /// Discs 1 to `count` in an empty catalogue.
+    void numbered(int count)
+    {
+        const CommandScope scope(engine);
+        shelf.computer(1, "x");
+        for (int have = 1; have < count; have *= 2)
+            program.mainDatabase().Execute(u"INSERT INTO Компьютер (Номер, Название) "
+                                           "SELECT Номер + ?, Название FROM Компьютер WHERE Номер <= ?",
+                                           {have, count - have});
+    }
+    QString numbers() { return rows("SELECT Номер FROM Компьютер ORDER BY КодКомпьютерныйДиск").replace("\n", " "); }
+
+    void cover(const QString& name)
+    {
+        QDir().mkpath(path("box"));
+        QFile file(path("box/" + name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(name.toUtf8());
+    }
+    /// The files of the box folder, with what they were at first where that differs.
+    QString covers()
+    {
+        QStringList found;
+        for (const QString& name : QDir(path("box")).entryList(QDir::Files)) {
+            QFile file(path("box/" + name));
+            EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+            const QString was = QString::fromUtf8(file.readAll());
+            found += was == name ? name : was + ">" + name;
+        }
+        return found.join(' ');
+    }
+};
+
+TEST_F(Numbering, FirstFreeNumberFillsGapsBeforeTheEnd)
+{
+    EXPECT_EQ(FirstFreeNumber(program.mainDatabase(), Computer()), 1);
+    discs({4, 1, 2, 2});
+    shelf.computer(5, "Без номера").set("Номер", nullptr);
+    discs({3}, Audio());
+    const std::pair<int, int> next[] = {{0, 3}, {1, 3}, {2, 3}, {3, 5}, {4, 5}, {5, 6}, {100, 101}};
+    for (const auto& [after, free] : next)
+        EXPECT_EQ(FirstFreeNumber(program.mainDatabase(), Computer(), after), free) << after;
+}
+
+TEST_F(Numbering, MovesNumbersFromTheStartOnAndStampsNothing)
+{
+    discs({3, 1, 2});
+    discs({1, 2, 3}, Dvd());
+    program.mainDatabase().Execute(u"UPDATE Компьютер SET ДатаИзменения = Null");
+    int start = 2;
+    EXPECT_TRUE(MoveNumbers(program, Computer(), start));
+    EXPECT_EQ(start, 0);
+    EXPECT_EQ(numbers().trimmed(), "4 1 3");
+    EXPECT_EQ(rows("SELECT Номер FROM DVD ORDER BY Номер").simplified(), "1 2 3");
+    EXPECT_EQ(rows("SELECT ПослОбновлКомпьютер FROM _Информация"), "");
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Компьютер WHERE ДатаИзменения IS NULL").trimmed(), "3");
+}
+
+TEST_F(Numbering, CoversThatMoveAreThoseOfDvdsUpToTheCountOfRows)
+{
+    discs({1, 2, 3, 10});
+    for (const char* name : {"dvd_1.box", "dvd_2.box", "dvd_3.box", "dvd_10.box", "pc_2.box", "ad_3.box"}) cover(name);
+    int start = 2;
+    MoveNumbers(program, Computer(), start);
+    EXPECT_EQ(covers(), "ad_3.box dvd_1.box dvd_10.box dvd_2.box>dvd_3.box dvd_3.box>dvd_4.box pc_2.box");
+}
+
+TEST_F(Numbering, ShiftPastTheLastNumberIsToldAndMovesNothing)
+{
+    discs({1, 32767});
+    cover("dvd_1.box");
+    expectBox("Номера начиная с 1-го нельзя сместить: самый большой возможный номер, 32767, уже занят.", 48);
+    int start = 1;
+    EXPECT_FALSE(MoveNumbers(program, Computer(), start));
+    EXPECT_EQ(start, 0);
+    EXPECT_EQ(numbers().trimmed(), "1 32767");
+    EXPECT_EQ(covers(), "dvd_1.box");
+}
+
+TEST_F(Numbering, WorksOnAsManyDiscsAsThereAreNumbers)
+{
+    numbered(32766);
+    int start = 1;
+    EXPECT_TRUE(MoveNumbers(program, Computer(), start));
+    EXPECT_EQ(rows("SELECT MIN(Номер), MAX(Номер), COUNT(*) FROM Компьютер").trimmed(), "2 | 32767 | 32766");
+    EXPECT_EQ(FirstFreeNumber(program.mainDatabase(), Computer()), 1);
+    discs({1});
+    EXPECT_EQ(FirstFreeNumber(program.mainDatabase(), Computer()), LastNumber + 1);
+}
+
+TEST_F(Numbering, AFileThatIsNoPictureShowsNoCover)
+{
+    cover("pc_1.box");
+    EXPECT_TRUE(HasCover(program, u"pc_", 1));
+    EXPECT_FALSE(HasCover(program, u"pc_", 2));
+    EXPECT_TRUE(LoadCover(CoverPath(program, u"pc_", 1), {100, 100}).isNull());
+
+    QPixmap(400, 200).save(path("box/pc_2.box"), "PNG");
+    EXPECT_EQ(LoadCover(CoverPath(program, u"pc_", 2), {100, 100}).size(), QSize(100, 50));
+}
+}
