@@ -5,12 +5,6 @@ namespace {
 
 class EditFilter : public ScreenTest {
 protected:
-    /// Entries beside the three that are there.
-    void fill(int count)
-    {
-        const CommandScope command(engine);
-        for (int i = 0; i < count; ++i) FilterTable(program.filesDatabase(), true).add(u"%1"_s.arg(i));
-    }
     QString wanted() const { return fileRows("SELECT Файл, Use FROM Фильтр2 ORDER BY Файл"); }
 };
 
@@ -70,14 +64,11 @@ TEST_F(EditFilter, AddsWhatIsNotThereYet)
 
 TEST_F(EditFilter, TheFiftyFirstEntryIsRefusedBeforeItsNameIsAsked)
 {
-    fill(46);
+    for (int i = 0; i < 47; ++i) FilterTable(program.filesDatabase(), true).add(u"%1"_s.arg(i));
     run<frmEditFilter>([&]() -> Script {
         co_await click("optFilter_1");
-        expectInput("Введите имя файла:", "Добавление нового файла", ".50");
-        co_await click("imgButton_1");
         expectBox("Количество файлов не должно превышать 50!", 48);
         co_await click("imgButton_1");
-        EXPECT_EQ(fileRows("SELECT COUNT(*) FROM Фильтр2"), "50\n");
     });
 }
 

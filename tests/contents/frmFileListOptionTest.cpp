@@ -21,7 +21,7 @@ protected:
         co_await click("imgButton_0");
         co_await until([&] { return !runner.top() || windowName() == "frmFileListOption"; });
     }
-    DiscOfRow second() const { return {row, 2}; }
+    template<class Body> void choose(const Body& body) { run<frmFileListOption>(body, DiscOfRow{row, 2}, 7); }
     QString taken() const { return fileRows("SELECT Путь, Имя FROM [1A2B] WHERE Имя <> Путь ORDER BY Путь, Имя"); }
 
     std::shared_ptr<FakeDisc> disc = FakeDisc::data("BACKUP", 0x1A2B);
@@ -48,15 +48,16 @@ struct InterruptedDisc : FakeDisc {
 
 TEST_F(FileListOption, ScansTheDiscAndLinksItsList)
 {
-    run<frmFileListOption>(
-        [&]() -> Script {
-            EXPECT_EQ(title(), "Параметры сканирования диска № 7 (CD2)");
-            EXPECT_EQ(items("cmbDrive"), "V:\\\n");
-            EXPECT_EQ(shown("lblInserCD"), "Компьютерный диск");
-            co_await picture("frmFileListOption");
-            co_await scan();
-        },
-        second(), 7);
+    drives.add('D', FakeDisc::audio({{0, 2, 0}, {3, 0, 0}, {5, 0, 0}}, {9, 0, 0}));
+    setOption("Drive", "V:\\");
+    choose([&]() -> Script {
+        EXPECT_EQ(title(), "Параметры сканирования диска № 7 (CD2)");
+        EXPECT_EQ(items("cmbDrive"), "D:\\\nV:\\\n");
+        EXPECT_EQ(shown("cmbDrive"), "V:\\");
+        EXPECT_EQ(shown("lblInserCD"), "Компьютерный диск");
+        co_await picture("frmFileListOption");
+        co_await scan();
+    });
     EXPECT_EQ(fileRows("SELECT Путь, Имя, Размер, Комментарий FROM [1A2B] ORDER BY Путь, Имя"),
               "\\ | \\ | 0 | Null\n"
               "\\ | readme.TXT | 0,1 | Null\n"
@@ -71,17 +72,20 @@ TEST_F(FileListOption, ScansTheDiscAndLinksItsList)
     EXPECT_FALSE(program.shared.DriveWatchPaused);
 }
 
-TEST_F(FileListOption, OptionsGoIntoTheScan)
+TEST_F(FileListOption, OptionsAndTheEditedFilterGoIntoTheScan)
 {
-    run<frmFileListOption>(
-        [&]() -> Script {
-            co_await check("chLCase");
-            co_await check("chShare");
-            co_await check("chFilter");
-            co_await click("optFilter_1");
-            co_await scan();
-        },
-        second(), 7);
+    choose([&]() -> Script {
+        co_await check("chLCase");
+        co_await check("chShare");
+        co_await check("chFilter");
+        co_await click("optFilter_1");
+        expectForm("frmEditFilter");
+        co_await click("imgButton_2");
+        EXPECT_EQ(shown("lvFilter"), "[x] .exe\n[x] .rar\n[x] .zip\n");
+        co_await check("lvFilter", ".rar", false);
+        co_await click("imgButton_0");
+        co_await scan();
+    });
     EXPECT_EQ(taken(), "\\A\\ | setup.exe\n\\A\\B\\ | deep.zip\n");
     EXPECT_EQ(rows("SELECT ДискID2, ДискID2_d FROM Компьютер"), "1A2B | 1A2B\n");
 }
@@ -90,64 +94,58 @@ TEST_F(FileListOption, RefusalsComeInTheirOrder)
 {
     auto& d = drives.add('D', FakeDisc::audio({{0, 2, 0}, {3, 0, 0}, {5, 0, 0}}, {9, 0, 0}));
     drives.v.medium.reset();
-    run<frmFileListOption>(
-        [&]() -> Script {
-            EXPECT_EQ(items("cmbDrive"), "D:\\\nV:\\\n");
-            EXPECT_EQ(shown("lblInserCD"), "Аудио диск");
-            co_await check("chFilesInCore", false);
-            co_await check("chScanDir", false);
-            expectBox("Выберите область сканирования диска!", 48);
-            co_await click("imgButton_0");
-            co_await check("chScanDir");
-            expectBox("В устройстве для чтения компакт дисков вставлен Аудио диск.", 48);
-            co_await click("imgButton_0");
+    choose([&]() -> Script {
+        EXPECT_EQ(items("cmbDrive"), "D:\\\nV:\\\n");
+        EXPECT_EQ(shown("lblInserCD"), "Аудио диск");
+        co_await check("chFilesInCore", false);
+        co_await check("chScanDir", false);
+        expectBox("Выберите область сканирования диска!", 48);
+        co_await click("imgButton_0");
+        co_await check("chScanDir");
+        expectBox("В устройстве для чтения компакт дисков вставлен Аудио диск.", 48);
+        co_await click("imgButton_0");
 
-            co_await select("cmbDrive", "V:\\");
-            EXPECT_EQ(shown("lblInserCD"), "(нет)");
-            expectBox("Вставьте диск в устройство для чтения компакт-дисков и повторите операцию.", 48);
-            co_await click("imgButton_0");
+        co_await select("cmbDrive", "V:\\");
+        EXPECT_EQ(shown("lblInserCD"), "(нет)");
+        expectBox("Вставьте диск в устройство для чтения компакт-дисков и повторите операцию.", 48);
+        co_await click("imgButton_0");
 
-            d.medium = FakeDisc::dvd("FILM", 5);
-            co_await select("cmbDrive", "D:\\");
-            EXPECT_EQ(shown("lblInserCD"), "DVD диск");
-            co_await click("imgButton_0");
+        d.medium = FakeDisc::dvd("FILM", 5);
+        co_await select("cmbDrive", "D:\\");
+        EXPECT_EQ(shown("lblInserCD"), "DVD диск");
+        co_await click("imgButton_0");
 
-            d.medium = FakeDisc::data("NOSERIAL", 0);
-            expectBox(
-                "В устройстве для чтения компакт дисков вставлен диск без идентификационного номера (возможно, что "
-                "диск записан в формате PacketCD, который не поддерживается программой)!",
-                48);
-            co_await click("imgButton_0");
-            EXPECT_EQ(windowName(), "frmFileListOption");
-        },
-        second(), 7);
+        d.medium = FakeDisc::data("NOSERIAL", 0);
+        expectBox("В устройстве для чтения компакт дисков вставлен диск без идентификационного номера (возможно, что "
+                  "диск записан в формате PacketCD, который не поддерживается программой)!",
+                  48);
+        co_await click("imgButton_0");
+        EXPECT_EQ(windowName(), "frmFileListOption");
+    });
     EXPECT_EQ(program.filesDatabase().TableNames(), (QStringList{"Фильтр1", "Фильтр2"}));
     EXPECT_FALSE(program.shared.DialogDone);
 }
 
 TEST_F(FileListOption, TicksOpenAndCloseOneAnother)
 {
-    run<frmFileListOption>(
-        [&]() -> Script {
-            const auto open = [&] {
-                QString text;
-                for (const QString name : {"chScanDirOnly", "chFilter", "optFilter_0", "optFilter_1"})
-                    text += enabled(name) ? "+" : "-";
-                return text;
-            };
-            EXPECT_EQ(open(), "++--");
-            co_await check("chFilter");
-            EXPECT_EQ(open(), "++++");
-            co_await check("chScanDirOnly");
-            EXPECT_EQ(open(), "+---");
-            co_await check("chScanDirOnly", false);
-            EXPECT_EQ(open(), "++++");
-            co_await check("chScanDir", false);
-            EXPECT_EQ(open(), "-+++");
-            co_await check("chFilter", false);
-            EXPECT_EQ(open(), "-+--");
-        },
-        second(), 7);
+    choose([&]() -> Script {
+        const auto open = [&] {
+            QString text;
+            for (const QString name : {"chScanDirOnly", "chFilter", "optFilter_0", "optFilter_1"})
+                text += enabled(name) ? "+" : "-";
+            return text;
+        };
+        EXPECT_EQ(open(), "++--");
+        const std::tuple<QString, bool, QString> ticks[] = {{"chFilter", true, "++++"},
+                                                            {"chScanDirOnly", true, "+---"},
+                                                            {"chScanDirOnly", false, "++++"},
+                                                            {"chScanDir", false, "-+++"},
+                                                            {"chFilter", false, "-+--"}};
+        for (const auto& [box, on, expected] : ticks) {
+            co_await check(box, on);
+            EXPECT_EQ(open(), expected) << qPrintable(box);
+        }
+    });
 }
 
 TEST_F(FileListOption, OptionsAreKeptOnlyIfThatIsWanted)
@@ -159,40 +157,25 @@ TEST_F(FileListOption, OptionsAreKeptOnlyIfThatIsWanted)
         co_await click("optFilter_1");
         co_await key(Qt::Key_Escape);
     };
-    run<frmFileListOption>(change, second(), 7);
+    choose(change);
     EXPECT_FALSE(program.settings().has(u"FileListOption", u"HiddenFiles"));
 
     setOption("SaveFileListOption", "1");
-    run<frmFileListOption>(change, second(), 7);
+    choose(change);
     QStringList kept;
     for (const QString& name : program.settings().keys(u"FileListOption"))
         kept += name + u'=' + program.settings().read(u"FileListOption", name);
     kept.sort();
     EXPECT_EQ(kept.join(' '),
               "FilesInCore=1 Filter=1 FilterPar=1 HiddenFiles=1 InfoMP3=0 LCase=0 ScanDir=0 ScanDirOnly=0 Share=0");
-    run<frmFileListOption>(
-        [&]() -> Script {
-            EXPECT_FALSE(checked("chScanDir"));
-            EXPECT_FALSE(enabled("chScanDirOnly"));
-            EXPECT_TRUE(checked("chHiddenFiles"));
-            EXPECT_TRUE(checked("optFilter_1"));
-            EXPECT_TRUE(enabled("optFilter_1"));
-            co_return;
-        },
-        second(), 7);
-}
-
-TEST_F(FileListOption, TheDriveOfTheSettingsIsChosen)
-{
-    drives.add('D', FakeDisc::audio({{0, 2, 0}, {3, 0, 0}, {5, 0, 0}}, {9, 0, 0}));
-    setOption("Drive", "V:\\");
-    run<frmFileListOption>(
-        [&]() -> Script {
-            EXPECT_EQ(shown("cmbDrive"), "V:\\");
-            EXPECT_EQ(shown("lblInserCD"), "Компьютерный диск");
-            co_return;
-        },
-        second(), 7);
+    choose([&]() -> Script {
+        EXPECT_FALSE(checked("chScanDir"));
+        EXPECT_FALSE(enabled("chScanDirOnly"));
+        EXPECT_TRUE(checked("chHiddenFiles"));
+        EXPECT_TRUE(checked("optFilter_1"));
+        EXPECT_TRUE(enabled("optFilter_1"));
+        co_return;
+    });
 }
 
 TEST_F(FileListOption, ASerialThatAListHasAlreadyIsAskedAbout)
@@ -206,21 +189,17 @@ TEST_F(FileListOption, ASerialThatAListHasAlreadyIsAskedAbout)
         "   3. Диск имеет одинаковый идентификатор с ранее добавленным диском (пиратская копия)\r\n\r\n"
         "Не смотря на это, есть возможность произвести добавление списка файлов для этого диска. "
         "Продолжить?";
-    run<frmFileListOption>(
-        [&]() -> Script {
-            expectBox(question, 52, Answer::No);
-            co_await click("imgButton_0");
-        },
-        second(), 7);
+    choose([&]() -> Script {
+        expectBox(question, 52, Answer::No);
+        co_await click("imgButton_0");
+    });
     EXPECT_FALSE(program.shared.DialogDone);
     EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер WHERE Номер = 7"), "Null\n");
 
-    run<frmFileListOption>(
-        [&]() -> Script {
-            expectBox(question, 52, Answer::Yes);
-            co_await scan();
-        },
-        second(), 7);
+    choose([&]() -> Script {
+        expectBox(question, 52, Answer::Yes);
+        co_await scan();
+    });
     EXPECT_TRUE(program.shared.DialogDone);
     const QString id = program.shared.CurrentDiscID;
     EXPECT_NE(id, "1A2B");
@@ -232,14 +211,12 @@ TEST_F(FileListOption, ASerialThatAListHasAlreadyIsAskedAbout)
 TEST_F(FileListOption, AnUnreadableFolderIsToldAndTheRestIsKept)
 {
     disc->damaged("\\A\\B\\");
-    run<frmFileListOption>(
-        [&]() -> Script {
-            expectForm("frmFileListCreate");
-            expectBox("Ошибка чтения диска! Некоторые файлы не будут добавлены в список.", 48);
-            co_await click("imgButton_0");
-            co_await until([&] { return !runner.top(); });
-        },
-        second(), 7);
+    choose([&]() -> Script {
+        expectForm("frmFileListCreate");
+        expectBox("Ошибка чтения диска! Некоторые файлы не будут добавлены в список.", 48);
+        co_await click("imgButton_0");
+        co_await until([&] { return !runner.top(); });
+    });
     EXPECT_EQ(taken(), "\\ | readme.TXT\n\\A\\ | setup.exe\n");
     EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер"), "1A2B\n");
 }
@@ -252,7 +229,7 @@ TEST_F(FileListOption, ClosingTheProgressWindowEndsTheWalkAndKeepsTheList)
     interrupted->where = "\\B\\X\\";
     interrupted->shared = &program.shared;
     drives.v.medium = interrupted;
-    run<frmFileListOption>([&]() -> Script { co_await scan(); }, second(), 7);
+    choose([&]() -> Script { co_await scan(); });
     EXPECT_EQ(fileRows("SELECT Путь FROM [1A2B] WHERE Имя = Путь ORDER BY Путь"), "\\\n\\B\\\n\\C\\\n");
     EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер"), "1A2B\n");
     EXPECT_TRUE(interrupted->watchPaused);
@@ -260,33 +237,12 @@ TEST_F(FileListOption, ClosingTheProgressWindowEndsTheWalkAndKeepsTheList)
 
 TEST_F(FileListOption, TooManyFilterEntriesAreAFault)
 {
-    const auto fill = [&] {
-        const CommandScope command(engine);
-        for (int i = 0; i < 48; ++i) FilterTable(program.filesDatabase(), true).add(u"%1"_s.arg(i));
-    };
-    fill();
-    run<frmFileListOption>(
-        [&]() -> Script {
-            co_await check("chFilter");
-            co_await click("optFilter_1");
-            expectForm("frmFileListCreate");
-            expectFault("frmFileListCreate, FullArrayFileFiltr()");
-            co_await click("imgButton_0");
-        },
-        second(), 7);
-}
-
-TEST_F(FileListOption, TheFilterEditorOpensOnTheChosenFilter)
-{
-    run<frmFileListOption>(
-        [&]() -> Script {
-            co_await check("chFilter");
-            co_await click("optFilter_1");
-            expectForm("frmEditFilter");
-            co_await click("imgButton_2");
-            EXPECT_TRUE(checked("optFilter_1"));
-            EXPECT_EQ(shown("lvFilter"), "[x] .exe\n[x] .rar\n[x] .zip\n");
-            co_await click("imgButton_0");
-        },
-        second(), 7);
+    for (int i = 0; i < 48; ++i) FilterTable(program.filesDatabase(), true).add(u"%1"_s.arg(i));
+    choose([&]() -> Script {
+        co_await check("chFilter");
+        co_await click("optFilter_1");
+        expectForm("frmFileListCreate");
+        expectFault("frmFileListCreate, FullArrayFileFiltr()");
+        co_await click("imgButton_0");
+    });
 }
