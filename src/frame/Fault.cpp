@@ -113,6 +113,8 @@ void EndProcess(Program& program, int code)
     std::abort();
 }
 
+void ReportCaught(Program& program, QLatin1StringView place) { ReportFault(program, place, currentFault()); }
+
 void Guarded(Program& program, QLatin1StringView place, const std::function<void()>& routine)
 {
     const RoutineCount count(program);
@@ -121,7 +123,7 @@ void Guarded(Program& program, QLatin1StringView place, const std::function<void
         routine();
         scope.end();
     } catch (const std::exception&) {
-        ReportFault(program, place, currentFault());
+        ReportCaught(program, place);
     }
 }
 

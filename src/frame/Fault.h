@@ -18,6 +18,9 @@ void LogFault(const Program& program, QLatin1StringView place, const RuntimeErro
 /// Ends the process at once. For messages whose answer is the end; errors go to ReportFault.
 [[noreturn]] void EndProcess(Program& program, int code);
 
+/// ReportFault on the exception of the catch block in which it is called.
+[[noreturn]] void ReportCaught(Program& program, QLatin1StringView place);
+
 /// A routine's frame: one group of writes, the mouse pointer as it was at the end, and what the routine did not catch
 /// itself handed to ReportFault under its name, as in "frmDue, cmdDelete()".
 void Guarded(Program& program, QLatin1StringView place, const std::function<void()>& routine);

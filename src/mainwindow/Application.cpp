@@ -1,5 +1,6 @@
 #include "mainwindow/Application.h"
 
+#include "frame/Fault.h"
 #include "frame/Settings.h"
 #include "frame/Text.h"
 #include "mainwindow/frmMain.h"
@@ -20,6 +21,24 @@
 #include <optional>
 
 namespace {
+
+/// What an event throws outside of any guarded routine, as a grid does that cannot read a row while it paints, is a fault
+/// like any other.
+class GuardedApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+    Program* program = nullptr;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception&) {
+            if (!program) throw;
+            ReportCaught(*program, "vinoraModule, Main()"_L1);
+        }
+    }
+};
 
 void setUp(QApplication& application)
 {
@@ -54,7 +73,7 @@ bool closeDatabases(DBEngine& engine)
 
 int RunVinora(int argc, char** argv, const std::function<void(frmMain&)>& shown)
 {
-    QApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     setUp(application);
 
     const SystemClock clock;
@@ -86,6 +105,7 @@ int RunVinora(int argc, char** argv, const std::function<void(frmMain&)>& shown)
                         std::_Exit(code);
                     }};
 
+    application.program = &program;
     SetFilePaths(program);
     frmSplashMain splash(program.version);
     splash.showNow();
