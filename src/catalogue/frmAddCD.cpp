@@ -17,7 +17,7 @@ frmAddCD::frmAddCD(Program& program, const CatalogueKind& kind)
 {
     lblCDsCount0->setText(kind.addCaption);
     lblCDsCount0->setFont(Theme::heading(font()));
-    chAutoDetect->setText(u"&Определять этот диск, когда он вставлен в дисковод"_s);
+    chAutoDetect->setText(u"Определять этот диск, когда он вставлен в дисковод"_s);
     txtNumber->setMaxLength(5);
     DigitKeys(txtNumber);
     auto* picture = new IconLabel;

@@ -74,18 +74,17 @@ void frmAddInCatalogue::Form_Load()
 {
     Routine("FormLoad"_L1, [&] {
         const Database main = program.mainDatabase();
-        const auto texts = [&](const QString& select) {
-            const Recordset rows = main.OpenRecordset(select);
+        // DISTINCT, though a key makes every row so: its rows come all at once and not one by one.
+        const auto texts = [&](const QString& table, const QString& key, const QString& fields) {
+            const Recordset rows = main.OpenRecordset(
+                u"SELECT DISTINCT %2, %3 FROM %1 ORDER BY %2"_s.arg(table, key, fields));
             QStringList result;
             for (int position = 0; position < rows.RecordCount(); ++position)
                 for (const Value& value : rows.row(position).mid(1)) result += value.text();
             return result;
         };
-        // Grouped, a title that many discs share is looked at once; the first one stays the first.
-        m_names->setItems(texts(u"SELECT MIN(%1) AS Первый, %2 FROM %3 GROUP BY %2 ORDER BY Первый"_s.arg(
-            kind.key, kind.album ? u"Название, Альбом"_s : u"Название"_s, kind.table)));
-        m_dictionary->setItems(
-            texts(u"SELECT %1, %2 FROM %2 ORDER BY %1"_s.arg(kind.dictionary.key, kind.dictionary.table)));
+        m_names->setItems(texts(kind.table, kind.key, kind.album ? u"Название, Альбом"_s : u"Название"_s));
+        m_dictionary->setItems(texts(kind.dictionary.table, kind.dictionary.key, kind.dictionary.table));
         txtYear->setText(program.clock.today().toString(u"yyyy"));
         txtCDs->setText(u"1"_s);
     });
@@ -156,7 +155,10 @@ void frmAddInCatalogue::cmdAdd()
 {
     Routine("cmdAdd"_L1, [&] {
         if (!accepts()) return;
-        for (QLineEdit* box : {txtName, txtDictionary}) box->setText(CleanText(box->text()));
+        for (QLineEdit* box : {txtName, txtDictionary}) {
+            const QSignalBlocker noCompletion(box);
+            box->setText(CleanText(box->text()));
+        }
 
         Shared& shared = program.shared;
         const Database main = program.mainDatabase();
