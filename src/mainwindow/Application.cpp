@@ -1,5 +1,6 @@
 #include "mainwindow/Application.h"
 
+#include "contents/DiscFile.h"
 #include "frame/Fault.h"
 #include "frame/Settings.h"
 #include "frame/Text.h"
@@ -100,6 +101,7 @@ int RunVinora(int argc, char** argv, const std::function<void(frmMain&)>& shown)
                     .desktop = desktop,
                     .endProcess = [&](int code) {
                         if (!closeDatabases(engine)) code = EXIT_FAILURE;
+                        RemoveDiscCopies();
                         instance.reset();
                         std::fflush(nullptr);
                         std::_Exit(code);
@@ -107,6 +109,7 @@ int RunVinora(int argc, char** argv, const std::function<void(frmMain&)>& shown)
 
     application.program = &program;
     SetFilePaths(program);
+    RemoveStaleDiscCopies();
     frmSplashMain splash(program.version);
     splash.showNow();
     PrepareDatabases(program);
