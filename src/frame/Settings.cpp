@@ -20,7 +20,10 @@ std::optional<int> BlinkInterval(const Program& program, QStringView key)
     return number == 1 ? 1 : std::max(0, int(number / 10));
 }
 
-static bool isHexDigit(QChar c) { return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f'); }
+static bool isHexDigit(QChar c)
+{
+    return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f');
+}
 
 QString EncodePath(const QString& path)
 {

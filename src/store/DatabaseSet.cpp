@@ -53,10 +53,7 @@ void OfferToRestoreFolder(Program& program, const QString& complaint)
     RestoreDatabaseFolder(program);
 }
 
-QString ReadPathLocalDB(const Program& program)
-{
-    return DecodePath(program.settings().read(Section, Key));
-}
+QString ReadPathLocalDB(const Program& program) { return DecodePath(program.settings().read(Section, Key)); }
 
 bool WritePathLocalDB(const Program& program, const QString& folder)
 {

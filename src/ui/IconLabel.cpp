@@ -4,10 +4,7 @@
 
 #include <QPainter>
 
-IconLabel::IconLabel(QWidget* parent) : QWidget(parent)
-{
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
+IconLabel::IconLabel(QWidget* parent) : QWidget(parent) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
 
 void IconLabel::setIcon(const QString& name, const QColor& accent)
 {
