@@ -223,3 +223,11 @@ CommandScope::~CommandScope() noexcept(false)
         // The exception that is on its way says more.
     }
 }
+
+ModalScope::ModalScope(DBEngine& engine) : m_engine(engine), m_scopes(0)
+{
+    m_engine.Commit();
+    std::swap(m_scopes, m_engine.d->groups.scopes);
+}
+
+ModalScope::~ModalScope() { m_engine.d->groups.scopes = m_scopes; }

@@ -44,7 +44,7 @@ inline constexpr int WrongType = 3421;
 /// The storage engine of the process: at most one connection per file, kept while a handle uses it and a while after.
 ///
 /// Writes are grouped by command. The first write to a file opens a transaction; outside of any CommandScope it is
-/// committed at once, inside of one when the outermost scope ends, when Commit() is called (before a modal window, at
+/// committed at once, inside of one when the outermost scope ends, when a ModalScope begins, when Commit() is called (at
 /// the end of the process) or, in a long routine, by Yield(). Closing recordsets and handles commits nothing.
 /// A kill leaves whole groups.
 class DBEngine {
@@ -79,6 +79,7 @@ public:
 
 private:
     friend class CommandScope;
+    friend class ModalScope;
     struct State;
     std::shared_ptr<State> d; ///< handles know it weakly: the last one on a file starts the time it is kept
 };
@@ -99,4 +100,18 @@ private:
     DBEngine& m_engine;
     int m_exceptions; ///< on their way when the scope began
     bool m_open = true;
+};
+
+/// While something modal is up: what the routine that opened it has written is committed, and the commands of the user in
+/// it are outermost ones again, each kept at its own end. A failing commit throws from the constructor.
+class ModalScope {
+public:
+    explicit ModalScope(DBEngine& engine);
+    ~ModalScope();
+    ModalScope(const ModalScope&) = delete;
+    ModalScope& operator=(const ModalScope&) = delete;
+
+private:
+    DBEngine& m_engine;
+    int m_scopes; ///< of the routines that wait for the modal window
 };

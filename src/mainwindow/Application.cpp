@@ -81,9 +81,8 @@ int RunVinora(int argc, char** argv, const std::function<void(frmMain&)>& shown)
     DBEngine engine(clock);
     const QString folder = ApplicationFolder(QApplication::applicationDirPath());
     const Profile settings(folder + u"/vinora.ini"_s);
-    QtDialogs dialogs({.commitBeforeModal = [&] { engine.Commit(); },
-                       .lastFolder = [&] { return LastFolder(settings); },
-                       .keepLastFolder = [&](const QString& path) { KeepLastFolder(settings, path); }});
+    QtDialogs dialogs(engine, {.lastFolder = [&] { return LastFolder(settings); },
+                               .keepLastFolder = [&](const QString& path) { KeepLastFolder(settings, path); }});
     std::optional<SingleInstance> instance(std::in_place, folder);
     if (!instance->acquired()) {
         dialogs.MsgBox(u"Программа уже запущена!"_s);

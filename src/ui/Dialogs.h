@@ -25,8 +25,8 @@ inline constexpr int Bare = 0; ///< OK alone
 enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
 /// Everything modal passes through here: boxes, choosers, forms and pop-up menus. In the program this is Qt; in a test it
-/// is a script of expected interactions. An implementation calls `commitBeforeModal` before anything shows, so that no
-/// group of writes waits for a person.
+/// is a script of expected interactions. An implementation holds a ModalScope while anything is up, so that no group of
+/// writes waits for a person.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;

@@ -63,15 +63,12 @@ QWidget* parentOfBoxes()
 /// Stands while something modal is up.
 class QtDialogs::Modal {
 public:
-    explicit Modal(QtDialogs& owner) : m_owner(owner)
-    {
-        if (owner.m_hooks.commitBeforeModal) owner.m_hooks.commitBeforeModal();
-        ++owner.m_depth;
-    }
+    explicit Modal(QtDialogs& owner) : m_owner(owner), m_writes(owner.m_engine) { ++owner.m_depth; }
     ~Modal() { --m_owner.m_depth; }
 
 private:
     QtDialogs& m_owner;
+    ModalScope m_writes;
     NormalPointer m_pointer;
 };
 

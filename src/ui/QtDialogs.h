@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dao/DBEngine.h"
 #include "ui/Dialogs.h"
 
 #include <QMessageBox>
@@ -23,12 +24,11 @@ QStringList NameFilters(const QString& filter);
 class QtDialogs : public Dialogs {
 public:
     struct Hooks {
-        std::function<void()> commitBeforeModal;
         /// Where the last chooser ended, for the next one that is not told a folder; either may be empty.
         std::function<QString()> lastFolder;
         std::function<void(const QString&)> keepLastFolder;
     };
-    explicit QtDialogs(Hooks hooks) : m_hooks(std::move(hooks)) {}
+    QtDialogs(DBEngine& engine, Hooks hooks) : m_engine(engine), m_hooks(std::move(hooks)) {}
 
     Answer MsgBox(const QString& text, int type = Box::Exclamation) override;
     QString InputBox(const QString& prompt, const QString& title, const QString& text = {}) override;
@@ -44,6 +44,7 @@ private:
     class Chooser;
     QString folderFor(const QString& told) const;
 
+    DBEngine& m_engine;
     Hooks m_hooks;
     int m_depth = 0;
 };

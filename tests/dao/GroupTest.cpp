@@ -33,13 +33,29 @@ TEST_F(Groups, ACommandIsSeenAsAWholeWhenTheOutermostScopeEnds)
         engine.OpenDatabase(path).Close();
         EXPECT_EQ(seen(), 0);
         EXPECT_EQ(db.OpenRecordset(u"Аудио").RecordCount(), 2);
-        engine.Commit(); // a modal window shows
-        EXPECT_EQ(seen(), 2);
         disc(db, 3, u"x"_s);
         engine.Yield(); // too early
-        EXPECT_EQ(seen(), 2);
+        EXPECT_EQ(seen(), 0);
     }
     EXPECT_EQ(seen(), 3);
+}
+
+TEST_F(Groups, ACommandInAModalWindowIsKeptAtItsOwnEnd)
+{
+    CommandScope opener(engine);
+    disc(db, 1, u"x"_s);
+    {
+        const ModalScope modal(engine);
+        EXPECT_EQ(seen(), 1);
+        CommandScope command(engine);
+        disc(db, 2, u"x"_s);
+        EXPECT_EQ(seen(), 1);
+        command.end();
+        EXPECT_EQ(seen(), 2);
+    }
+    disc(db, 3, u"x"_s);
+    engine.Rollback();
+    EXPECT_EQ(seen(), 2);
 }
 
 TEST_F(Groups, ARoutineThatYieldsKeepsAllButItsLastSecond)

@@ -18,7 +18,7 @@ ScreenTest::ScreenTest()
               .screens = &screens,
               .endProcess = [this](int code) { runner.endProcess(code); }}
 {
-    dialogs.setCommitBeforeModal([this] { engine.Commit(); });
+    dialogs.setEngine(&engine);
     SetFilePaths(program);
     Reanimator(program, 0);
 }
@@ -26,7 +26,7 @@ ScreenTest::ScreenTest()
 ScreenTest::~ScreenTest()
 {
     EXPECT_EQ(program.routines, 0) << "a guarded routine has not ended";
-    dialogs.setCommitBeforeModal({});
+    dialogs.setEngine(nullptr);
 }
 
 void ScreenTest::expectFault(const QString& place, Where where)

@@ -39,10 +39,14 @@ void ScriptedDialogs::expect(Expectation expectation, Where where)
     m_expected.push_back(std::move(expectation));
 }
 
-ScriptedDialogs::Expectation ScriptedDialogs::next(Kind kind, const QString& shown)
+std::unique_ptr<ModalScope> ScriptedDialogs::enter()
 {
     m_runner->stopCallers(); // after the end nothing is shown to anybody
-    if (m_commit) m_commit();
+    return m_engine ? std::make_unique<ModalScope>(*m_engine) : nullptr;
+}
+
+ScriptedDialogs::Expectation ScriptedDialogs::next(Kind kind, const QString& shown)
+{
     if (m_expected.empty()) m_runner->abort(u"Unexpected: "_s + shown);
     Expectation expected = std::move(m_expected.front());
     m_expected.pop_front();
@@ -53,11 +57,13 @@ ScriptedDialogs::Expectation ScriptedDialogs::next(Kind kind, const QString& sho
 
 Answer ScriptedDialogs::MsgBox(const QString& text, int type)
 {
+    const auto writes = enter();
     return next(Kind::Box, told(Kind::Box, {}, text, type)).answer;
 }
 
 QString ScriptedDialogs::InputBox(const QString& prompt, const QString& title, const QString& text)
 {
+    const auto writes = enter();
     const Expectation expected = next(Kind::Input, told(Kind::Input, title, prompt, 0));
     if (expected.offered && *expected.offered != text)
         m_runner->abort(u"The input box offers %1, not %2."_s.arg(quoted(text), quoted(*expected.offered)));
@@ -66,6 +72,7 @@ QString ScriptedDialogs::InputBox(const QString& prompt, const QString& title, c
 
 QString ScriptedDialogs::choose(Kind kind, const QString& title, const QString& filter, const QString& offered)
 {
+    const auto writes = enter();
     const Expectation expected = next(kind, told(kind, title, {}, 0));
     m_lastFilter = filter;
     if (expected.offered && *expected.offered != offered)
@@ -91,14 +98,10 @@ QString ScriptedDialogs::PickFolder(const QString& title, const QString& folder)
 void ScriptedDialogs::RunModal(Form& form)
 {
     if (m_runner->inScriptBody()) m_runner->abort(u"A form was opened by the script itself, outside of any step."_s);
-    // The window under test needs no announcement.
-    if (m_forms.isEmpty() && !m_runner->top()) {
-        m_runner->stopCallers();
-        if (m_commit) m_commit();
-    } else {
-        next(Kind::Form, told(Kind::Form, form.objectName(), {}, 0));
-    }
     {
+        const auto writes = enter();
+        // The window under test needs no announcement.
+        if (!m_forms.isEmpty() || m_runner->top()) next(Kind::Form, told(Kind::Form, form.objectName(), {}, 0));
         const NormalPointer pointer;
         m_forms.append(&form);
         try {
@@ -114,6 +117,7 @@ void ScriptedDialogs::RunModal(Form& form)
 
 void ScriptedDialogs::Popup(QMenu& menu, const QPoint&)
 {
+    const auto writes = enter();
     const Expectation expected = next(Kind::Popup, told(Kind::Popup, menu.objectName(), {}, 0));
     emit menu.aboutToShow();
     if (expected.reply.isEmpty()) return;

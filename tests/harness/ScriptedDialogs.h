@@ -1,10 +1,12 @@
 #pragma once
 
+#include "dao/DBEngine.h"
 #include "harness/Script.h"
 #include "ui/Dialogs.h"
 
 #include <QList>
 #include <deque>
+#include <memory>
 #include <optional>
 
 /// Boxes, choosers, forms and menus that a test expects, in order. What comes otherwise than expected ends the test with
@@ -24,8 +26,8 @@ public:
     };
 
     void expect(Expectation expectation, Where where);
-    /// Called before anything shows, as in the program.
-    void setCommitBeforeModal(std::function<void()> commit) { m_commit = std::move(commit); }
+    /// Whose groups of writes end before anything shows, as in the program.
+    void setEngine(DBEngine* engine) { m_engine = engine; }
 
     Answer MsgBox(const QString& text, int type = Box::Exclamation) override;
     QString InputBox(const QString& prompt, const QString& title, const QString& text = {}) override;
@@ -48,12 +50,14 @@ public:
     QString takeMissing();
 
 private:
+    /// Held while something is up.
+    std::unique_ptr<ModalScope> enter();
     Expectation next(Kind kind, const QString& shown);
     QString choose(Kind kind, const QString& title, const QString& filter, const QString& offered);
 
     ScriptRunner* m_runner = nullptr;
     std::deque<Expectation> m_expected;
-    std::function<void()> m_commit;
+    DBEngine* m_engine = nullptr;
     QList<Form*> m_forms;
     QString m_lastFilter;
 };

@@ -1,5 +1,6 @@
 #include "ui/QtDialogs.h"
 
+#include "harness/Fakes.h"
 #include "harness/Print.h"
 #include "ui/Form.h"
 
@@ -19,6 +20,22 @@
 namespace {
 class BoxesInEarnest : public testing::Test {
 protected:
+    BoxesInEarnest()
+    {
+        engine.CreateDatabase(path);
+        engine.OpenDatabase(path).CreateTable({u"t"_s, {{u"n"_s, FieldType::Long}}, {}, {}});
+    }
+    void writeRow()
+    {
+        CommandScope command(engine);
+        engine.OpenDatabase(path).Execute(u"INSERT INTO t (n) VALUES (1)");
+    }
+    /// Rows that another program sees.
+    int seen()
+    {
+        DBEngine other(clock);
+        return other.OpenDatabaseReadOnly(path).OpenRecordset(u"t").RecordCount();
+    }
     /// What the user does to the window that comes up next.
     template<class Window> void meanwhile(std::function<void(Window&)> act)
     {
@@ -49,11 +66,14 @@ protected:
         return texts.join(u' ');
     }
 
-    int commits = 0;
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"vinora.db"_s);
+    FixedClock clock;
+    DBEngine engine{clock};
     QString lastFolder;
-    QtDialogs dialogs{{.commitBeforeModal = [this] { ++commits; },
-                       .lastFolder = [this] { return lastFolder; },
-                       .keepLastFolder = [this](const QString& folder) { lastFolder = folder; }}};
+    QtDialogs dialogs{engine,
+                      {.lastFolder = [this] { return lastFolder; },
+                       .keepLastFolder = [this](const QString& chosen) { lastFolder = chosen; }}};
 };
 }
 
@@ -104,7 +124,6 @@ TEST_F(BoxesInEarnest, TextsArePlainWithTheirLineBreaksAndStandAboveAnHourglass)
         EXPECT_TRUE(box.textInteractionFlags() & Qt::TextSelectableByMouse);
     });
     dialogs.MsgBox(u"<b>Диск</b>\rдва\r\nтри\tчетыре"_s);
-    EXPECT_EQ(commits, 1);
     EXPECT_FALSE(dialogs.modalIsOpen());
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
     QApplication::restoreOverrideCursor();
@@ -132,7 +151,6 @@ TEST_F(BoxesInEarnest, ChoosersNameTheirPatternsAndRememberTheFolder)
     EXPECT_EQ(NameFilters(u"База vinora (*.db)|*.db|Все|*.*"_s), (QStringList{"База vinora (*.db)", "Все (*.*)"}));
     EXPECT_EQ(NameFilters(u"Картинки|*.jpg;*.png"_s), QStringList{"Картинки (*.jpg *.png)"});
 
-    QTemporaryDir folder;
     lastFolder = folder.path();
     meanwhile<QFileDialog>([&](QFileDialog& chooser) {
         EXPECT_EQ(chooser.directory().path(), folder.path());
@@ -147,28 +165,40 @@ TEST_F(BoxesInEarnest, ChoosersNameTheirPatternsAndRememberTheFolder)
     EXPECT_EQ(lastFolder, folder.path());
 }
 
-TEST_F(BoxesInEarnest, FormsAndMenusCountAsModal)
+TEST_F(BoxesInEarnest, FormsAndMenusAreModalAndKeepEachCommandInThemAtItsEnd)
 {
     class Empty : public Form {
     public:
-        explicit Empty(QtDialogs& dialogs) : Form(u"frmEmpty"_s, u"Пусто"_s), dialogs(dialogs) {}
+        explicit Empty(std::function<void()> activate) : Form(u"frmEmpty"_s, u"Пусто"_s), activate(std::move(activate))
+        {}
 
     protected:
         void Form_Activate() override
         {
-            EXPECT_TRUE(dialogs.modalIsOpen());
+            activate();
             Unload();
         }
-        QtDialogs& dialogs;
+        std::function<void()> activate;
     };
-    Empty(dialogs).ShowModal(dialogs);
+    CommandScope opener(engine);
+    writeRow();
+    EXPECT_EQ(seen(), 0);
+    Empty form([&] {
+        EXPECT_TRUE(dialogs.modalIsOpen());
+        EXPECT_EQ(seen(), 1);
+        writeRow();
+        EXPECT_EQ(seen(), 2);
+    });
+    form.ShowModal(dialogs);
+    writeRow();
+    EXPECT_EQ(seen(), 2) << "the opener's commands are one again";
     QMenu menu;
     menu.addAction(u"Пункт"_s);
     QTimer::singleShot(0, &menu, [&] {
         EXPECT_TRUE(dialogs.modalIsOpen());
+        EXPECT_EQ(seen(), 3);
         menu.close();
     });
     dialogs.Popup(menu, {});
-    EXPECT_EQ(commits, 2);
     EXPECT_FALSE(dialogs.modalIsOpen());
 }
