@@ -21,7 +21,8 @@ frmAddCD::frmAddCD(Program& program, const CatalogueKind& kind)
     txtNumber->setMaxLength(5);
     DigitKeys(txtNumber);
     auto* picture = new IconLabel;
-    picture->setIcon(kind.icon, Theme::accent(kind.accent, palette()));
+    picture->setIcon(kind.icon);
+    picture->setAccent(kind.accent);
     picture->setScale(2);
 
     imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Перейти к вводу сведений о диске"_s);

@@ -39,7 +39,8 @@ frmAddInCatalogue::frmAddInCatalogue(Program& program, const CatalogueKind& kind
 void frmAddInCatalogue::build(QLayout* extras)
 {
     auto* picture = new IconLabel;
-    picture->setIcon(kind.icon, Theme::accent(kind.accent, palette()));
+    picture->setIcon(kind.icon);
+    picture->setAccent(kind.accent);
     picture->setScale(2);
     lblCDsCount0->setFont(Theme::heading(font()));
 

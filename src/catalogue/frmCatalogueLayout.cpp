@@ -4,7 +4,8 @@
 QLayout* frmCatalogue::toolbar()
 {
     auto* sign = new IconLabel;
-    sign->setIcon(kind.icon, Theme::accent(kind.accent, palette()));
+    sign->setIcon(kind.icon);
+    sign->setAccent(kind.accent);
     sign->setScale(2);
     auto* buttons = row(sign, imgButton[1], imgButton[3], imgButton[2], imgButton[4], imgButton[6], stretch,
                         imgButton[5], imgButton[0]);

@@ -1,5 +1,7 @@
 #include "ui/Form.h"
 
+#include "ui/WindowBelow.h"
+
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -99,28 +101,38 @@ int Form::exec()
 void Form::comeUp()
 {
     for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
-    if (m_opener) placeOver(*m_opener);
+    if (const QWidget* below = m_opener ? m_opener.data() : WindowBelow()) {
+        placeOver(*below);
+        stayInFrontOf(*below);
+    }
     show();
     activateWindow();
     // A window that no one sees, on another desktop or minimised, is never painted and is active all the same.
     QTimer::singleShot(500, this, &Form::activate);
 }
 
-void Form::placeOver(const QWidget& opener)
+void Form::placeOver(const QWidget& below)
 {
     ensurePolished();
     if (!testAttribute(Qt::WA_Resized)) adjustSize();
     QRect place = rect();
-    place.moveCenter(opener.frameGeometry().center());
-    const QRect screen = opener.screen()->availableGeometry();
+    place.moveCenter(below.frameGeometry().center());
+    const QRect screen = below.screen()->availableGeometry();
     place.moveRight(qMin(place.right(), screen.right()));
     place.moveBottom(qMin(place.bottom(), screen.bottom()));
     place.moveLeft(qMax(place.left(), screen.left()));
     place.moveTop(qMax(place.top(), screen.top()));
     move(place.topLeft());
-    if (!opener.isMaximized() && !opener.isFullScreen()) return;
+}
+
+// Of an opener that will be hidden: in front of the window that it stood in front of itself.
+void Form::stayInFrontOf(const QWidget& below)
+{
+    QWindow* window = below.windowHandle();
+    const bool hides = &below == m_opener && !below.isMaximized() && !below.isFullScreen();
+    if (window && hides) window = window->transientParent();
     winId();
-    windowHandle()->setTransientParent(opener.windowHandle());
+    windowHandle()->setTransientParent(window);
 }
 
 void Form::Unload()

@@ -24,7 +24,8 @@ public:
     /// Runs Form_Load once; more calls do nothing.
     void Load();
     /// Shows the form and returns when it has unloaded. The `opener`, if given, is hidden meanwhile unless it is
-    /// maximised; it comes back with its place, size and focus. A form that asked to go while it loaded is never shown.
+    /// maximised; it comes back with its place, size and focus. The form comes up over its opener, else over the window
+    /// that is active, and stays in front of it. A form that asked to go while it loaded is never shown.
     void ShowModal(Dialogs& dialogs, QWidget* opener = nullptr);
     /// Asks the form to go. Safe from any of its own routines; a second call does nothing.
     void Unload();
@@ -61,7 +62,8 @@ protected:
 private:
     void activate();
     void comeUp();
-    void placeOver(const QWidget& opener);
+    void placeOver(const QWidget& below);
+    void stayInFrontOf(const QWidget& below);
 
     QPointer<QWidget> m_opener;
     QEventLoop* m_loop = nullptr;

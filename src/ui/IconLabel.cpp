@@ -8,8 +8,15 @@ IconLabel::IconLabel(QWidget* parent) : QWidget(parent) { setSizePolicy(QSizePol
 
 void IconLabel::setIcon(const QString& name, const QColor& accent)
 {
+    if (name == m_name && accent == m_accent) return;
     m_name = name;
     m_accent = accent;
+    update();
+}
+
+void IconLabel::setAccent(int index)
+{
+    m_catalogue = index;
     update();
 }
 
@@ -30,5 +37,6 @@ void IconLabel::paintEvent(QPaintEvent*)
 {
     if (m_name.isEmpty()) return;
     QPainter painter(this);
-    icon(m_name, m_accent).paint(&painter, rect(), Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    const QIcon picture = m_catalogue ? catalogueIcon(m_name, *m_catalogue) : icon(m_name, m_accent);
+    picture.paint(&painter, rect(), Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
 }

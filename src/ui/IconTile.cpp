@@ -4,6 +4,7 @@
 #include "ui/Strokes.h"
 #include "ui/Theme.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 IconTile::IconTile(QWidget* parent) : QAbstractButton(parent)
@@ -11,6 +12,7 @@ IconTile::IconTile(QWidget* parent) : QAbstractButton(parent)
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(this, &QAbstractButton::clicked, this, [this] { emit menuWanted(mapToGlobal(QPoint(0, height()))); });
 }
 
 void IconTile::setup(const QString& iconName, int accent, const QString& hint)
@@ -25,6 +27,17 @@ QSize IconTile::sizeHint() const
 {
     const int side = fontMetrics().height() * 11 / 4;
     return QSize(side, side);
+}
+
+void IconTile::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) emit menuWanted(event->globalPosition().toPoint());
+}
+
+void IconTile::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+    QAbstractButton::keyPressEvent(event);
 }
 
 void IconTile::paintEvent(QPaintEvent*)

@@ -2,9 +2,10 @@
 
 #include <QAbstractButton>
 
-/// A tile with a large picture on the pale ground of a catalogue's accent; it can be pressed like a button, lights up
-/// under the mouse and shows the focus.
+/// A tile with a large picture on the pale ground of a catalogue's accent that opens a menu. It lights up under the mouse
+/// and shows the focus.
 class IconTile : public QAbstractButton {
+    Q_OBJECT
 public:
     explicit IconTile(QWidget* parent = nullptr);
 
@@ -13,7 +14,13 @@ public:
 
     QSize sizeHint() const override;
 
+signals:
+    /// Where on the screen: at the mouse that pressed it, or below the tile when a key did.
+    void menuWanted(const QPoint& at);
+
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

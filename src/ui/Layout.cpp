@@ -89,6 +89,27 @@ QLabel* label(const QString& text)
     return label;
 }
 
+QString Wrappable(const QString& text)
+{
+    constexpr int longest = 24;
+    const auto broken = [](const QString& word) {
+        QString result;
+        int run = 0;
+        for (const QChar c : word) {
+            result += c;
+            ++run;
+            if (c.isHighSurrogate() || (run < longest && !u"_-.,/\\+"_s.contains(c))) continue;
+            result += QChar(0x200B);
+            run = 0;
+        }
+        return result;
+    };
+    QStringList words = text.split(u' ');
+    for (QString& word : words)
+        if (word.size() > longest) word = broken(word);
+    return words.join(u' ');
+}
+
 QWidget* panel(QLayout* contents)
 {
     auto* panel = new QWidget;

@@ -102,7 +102,7 @@ void ListBar::addItem(const QString& groupKey, const QString& key, const QString
     group->body->layout()->addWidget(item);
     item->installEventFilter(this);
     connect(item, &QAbstractButton::clicked, this, [this, groupKey, text] { emit itemClicked(groupKey, text); });
-    if (group->items.size() == 1) giveTabStop(*group, item);
+    mendTabStop(*group);
     updateGeometry();
 }
 
@@ -128,6 +128,7 @@ void ListBar::setItemEnabled(const QString& key, const QString& text, bool enabl
     if (!group) return;
     for (ListBarItem* item : std::as_const(group->items))
         if (item->caption() == text) item->setEnabled(enabled);
+    mendTabStop(*group);
 }
 
 QStringList ListBar::foldedGroups() const
@@ -197,6 +198,16 @@ void ListBar::giveTabStop(Group& group, QWidget* item)
 {
     for (ListBarItem* each : std::as_const(group.items))
         each->setFocusPolicy(each == item ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+// Where the keyboard was last, unless nothing can be chosen there.
+void ListBar::mendTabStop(Group& group)
+{
+    const auto able = [&](const QWidget* item) { return item->isEnabledTo(group.body); };
+    const bool stands = std::ranges::any_of(
+        group.items, [&](const QWidget* item) { return able(item) && item->focusPolicy() == Qt::StrongFocus; });
+    const auto first = std::ranges::find_if(group.items, able);
+    if (!stands) giveTabStop(group, first == group.items.end() ? nullptr : *first);
 }
 
 void ListBar::contextMenuEvent(QContextMenuEvent* event)

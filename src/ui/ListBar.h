@@ -9,7 +9,7 @@ class QVBoxLayout;
 
 /// The bar at the left of the main window: groups of items under captions that fold. Up and Down walk through the items of
 /// all groups, Home and End go to the first and last, Enter and Space choose one; Left folds the group, and Right on a
-/// caption unfolds it. Each group is one stop of the Tab key, and so is each caption. An item's objectName is its text. As
+/// caption unfolds it. Each group is one stop of the Tab key, an item that can be chosen, and so is each caption. An item's objectName is its text. As
 /// wide as its texts need.
 class ListBar : public QScrollArea {
     Q_OBJECT
@@ -25,6 +25,8 @@ public:
     void addItem(const QString& group, const QString& key, const QString& text, const QIcon& icon);
     void clearGroup(const QString& group);
     QStringList items(const QString& group) const;
+    /// Gives the keyboard to the first item that can be chosen.
+    void focusFirstItem() { walk(nullptr, 1); }
     void setItemEnabled(const QString& group, const QString& text, bool enabled);
     /// Which groups are folded, for the layout file.
     QStringList foldedGroups() const;
@@ -52,6 +54,7 @@ private:
     void walk(QWidget* from, int direction);
     void fold(Group& group, bool folded);
     void giveTabStop(Group& group, QWidget* item);
+    void mendTabStop(Group& group);
 
     std::vector<std::unique_ptr<Group>> m_groups;
     QVBoxLayout* m_column;

@@ -2,6 +2,7 @@
 
 #include "ui/Form.h"
 #include "ui/NormalPointer.h"
+#include "ui/WindowBelow.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -47,17 +48,12 @@ QStringList NameFilters(const QString& filter)
     for (int i = 0; i + 1 < parts.size(); i += 2) {
         // A label that names its patterns already would name them twice.
         const QString label = parts[i].section(u'(', 0, 0).trimmed();
-        result << u"%1 (%2)"_s.arg(label, parts[i + 1].split(u';', Qt::SkipEmptyParts).join(u' '));
+        QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
+        for (QString& pattern : patterns)
+            if (pattern == u"*.*") pattern = u"*"_s;
+        result << u"%1 (%2)"_s.arg(label, patterns.join(u' '));
     }
     return result;
-}
-
-namespace {
-QWidget* parentOfBoxes()
-{
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal ? modal : QApplication::activeWindow();
-}
 }
 
 /// Stands while something modal is up.
@@ -76,7 +72,7 @@ private:
 class QtDialogs::Chooser : public QFileDialog {
 public:
     Chooser(QtDialogs& owner, const QString& title, const QString& folder)
-        : QFileDialog(parentOfBoxes(), title, folder), m_owner(owner)
+        : QFileDialog(WindowBelow(), title, folder), m_owner(owner)
     {
         setOption(DontUseNativeDialog);
     }
@@ -100,7 +96,7 @@ Answer QtDialogs::MsgBox(const QString& text, int type)
 {
     const Modal modal(*this);
     const BoxLook look = LookOfBox(type);
-    QMessageBox box(look.icon, u"vinora"_s, ReadableMessage(text), look.buttons, parentOfBoxes());
+    QMessageBox box(look.icon, u"vinora"_s, ReadableMessage(text), look.buttons, WindowBelow());
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setDefaultButton(look.byDefault);
@@ -116,7 +112,7 @@ Answer QtDialogs::MsgBox(const QString& text, int type)
 QString QtDialogs::InputBox(const QString& prompt, const QString& title, const QString& text)
 {
     const Modal modal(*this);
-    QInputDialog box(parentOfBoxes());
+    QInputDialog box(WindowBelow());
     box.setWindowTitle(title);
     box.setLabelText(ReadableMessage(prompt));
     box.setTextValue(text);

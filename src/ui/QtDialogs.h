@@ -17,7 +17,8 @@ struct BoxLook {
 BoxLook LookOfBox(int type);
 /// A message as it is shown: "\r" and "\r\n" are line breaks, a tab is a few blanks.
 QString ReadableMessage(QString text);
-/// "label|*.a;*.b|label|*.c" in the form of the file chooser: one "label (*.a *.b)" per pair.
+/// "label|*.a;*.b|label|*.c" in the form of the file chooser: one "label (*.a *.b)" per pair. "*.*" is every file, with
+/// a dot in its name or without.
 QStringList NameFilters(const QString& filter);
 
 /// Boxes, choosers, forms and menus in earnest.

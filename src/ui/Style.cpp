@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QStyleFactory>
@@ -72,6 +73,9 @@ bool isInner(const QWidget* widget)
     const QWidget* parent = widget ? widget->parentWidget() : nullptr;
     return qobject_cast<const QAbstractSpinBox*>(parent) || qobject_cast<const QComboBox*>(parent);
 }
+
+// A text that cannot be edited shows the ground of its frame, which is grey then.
+void showGround(QPlainTextEdit& text) { text.viewport()->setAutoFillBackground(!text.isReadOnly()); }
 
 bool isBusy(const QWidget* widget)
 {
@@ -153,6 +157,10 @@ void Style::polish(QWidget* widget)
         for (auto day : {Qt::Saturday, Qt::Sunday}) calendar->setWeekdayTextFormat(day, weekend);
         calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     }
+    if (auto* text = qobject_cast<QPlainTextEdit*>(widget)) {
+        text->installEventFilter(this);
+        showGround(*text);
+    }
     if (qobject_cast<QProgressBar*>(widget)) {
         m_bars.append(widget);
         if (!m_busy.isActive()) m_busy.start(BusyStep, this);
@@ -161,8 +169,15 @@ void Style::polish(QWidget* widget)
 
 void Style::unpolish(QWidget* widget)
 {
+    widget->removeEventFilter(this);
     m_bars.removeAll(widget);
     QProxyStyle::unpolish(widget);
+}
+
+bool Style::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ReadOnlyChange) showGround(*qobject_cast<QPlainTextEdit*>(watched));
+    return QProxyStyle::eventFilter(watched, event);
 }
 
 void Style::timerEvent(QTimerEvent* event)

@@ -53,6 +53,7 @@ public:
                             const QWidget* widget) const override;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:

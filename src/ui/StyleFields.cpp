@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStyleOption>
 #include <QToolBar>
 #include <cmath>
@@ -69,7 +70,9 @@ void drawMark(QPainter& painter, const QStyleOption* option, bool round)
 // A list, a table or a text: the ground lies under the round corners, the viewport stands clear of them.
 void drawFrame(QPainter& painter, const QStyleOption* option, const QWidget* widget)
 {
-    if (qobject_cast<const QAbstractScrollArea*>(widget)) return drawFieldBox(painter, option, true);
+    const auto* text = qobject_cast<const QPlainTextEdit*>(widget);
+    if (qobject_cast<const QAbstractScrollArea*>(widget))
+        return drawFieldBox(painter, option, !text || !text->isReadOnly());
     Strokes::roundRect(painter, option->rect, widget && widget->isWindow() ? 0 : radius(option), {},
                        Theme::hairline(option->palette));
 }

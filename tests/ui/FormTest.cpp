@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace {
 /// A form that writes down what happens to it and can open another one of its kind.
@@ -149,6 +150,27 @@ TEST_F(FormLife, KeepsAMaximisedOpenerInSight)
         EXPECT_TRUE(inSight("frmDiary1"));
         co_await closeForm();
         EXPECT_TRUE(runner.window().isMaximized());
+    });
+}
+
+TEST_F(FormLife, StandsInTheMiddleAndInFrontOfTheWindowThatStaysInSight)
+{
+    QWidget main;
+    main.setGeometry(100, 80, 700, 500);
+    main.show();
+    QApplication::setActiveWindow(&main);
+    const auto stands = [&] {
+        const QPoint off = runner.window().geometry().center() - main.geometry().center();
+        return runner.window().windowHandle()->transientParent() == main.windowHandle() &&
+               off.manhattanLength() < 12; // but for frames
+    };
+    open([&]() -> Script {
+        EXPECT_TRUE(stands());
+        expectForm("frmDiary2");
+        co_await click("cmdChild");
+        EXPECT_TRUE(stands()) << "its opener is hidden";
+        co_await closeForm();
+        co_await click("cmdClose");
     });
 }
 

@@ -64,6 +64,29 @@ TEST_F(ListBars, ArrowsWalkThroughItemsThatCanBeChosen)
     EXPECT_EQ(clicked, u"b:B3 b:B3 "_s);
 }
 
+TEST_F(ListBars, TabStopsAtAnItemThatCanBeChosen)
+{
+    const auto stops = [this] {
+        QString names;
+        for (const auto* item : bar.findChildren<QAbstractButton*>())
+            if (item->focusPolicy() == Qt::StrongFocus) names += item->objectName() + u' ';
+        return names;
+    };
+    EXPECT_EQ(stops(), u"A1 B1 "_s);
+    for (const QString& off : {u"A1"_s, u"A2"_s}) bar.setItemEnabled(u"a"_s, off, false);
+    EXPECT_EQ(stops(), u"A3 B1 "_s);
+    bar.setItemEnabled(u"a"_s, u"A3"_s, false);
+    EXPECT_EQ(stops(), u"B1 "_s);
+    bar.setItemEnabled(u"a"_s, u"A2"_s, true);
+    EXPECT_EQ(stops(), u"A2 B1 "_s);
+    row(u"B3"_s)->setFocus();
+    bar.setItemEnabled(u"b"_s, u"B2"_s, false);
+    EXPECT_EQ(stops(), u"A2 B3 "_s) << "stays where the keyboard was";
+    bar.clearGroup(u"b"_s);
+    bar.addItem(u"b"_s, u"q"_s, u"Q"_s, {});
+    EXPECT_EQ(stops(), u"A2 Q "_s);
+}
+
 TEST_F(ListBars, FoldedGroupIsPassedOverAndRemembered)
 {
     row(u"B2"_s)->setFocus();

@@ -1,10 +1,13 @@
 #include "platform/Literals.h"
 #include "ui/Gallery.h"
+#include "ui/IconLabel.h"
+#include "ui/IconTile.h"
 #include "ui/Icons.h"
 #include "ui/ImageButton.h"
 #include "ui/Layout.h"
 #include "ui/Theme.h"
 
+#include <QtTest>
 #include <QtWidgets>
 #include <gtest/gtest.h>
 
@@ -152,6 +155,38 @@ TEST_P(Looks, FocusAndDisablingShowOnEveryControl)
     }
 }
 
+TEST_P(Looks, ATextThatCannotBeEditedIsAsGreyAsALine)
+{
+    QLineEdit line;
+    QPlainTextEdit text;
+    const auto ground = [](QWidget& widget) { return picture(widget).pixelColor(widget.rect().center()); };
+    for (const bool readOnly : {true, false, true}) {
+        line.setReadOnly(readOnly);
+        text.setReadOnly(readOnly);
+        EXPECT_EQ(ground(text), ground(line)) << readOnly;
+    }
+    EXPECT_NE(ground(text), QApplication::palette().color(QPalette::Base));
+}
+
+TEST_P(Looks, ASignInAnAccentFollowsTheScheme)
+{
+    IconLabel sign;
+    sign.setScale(4);
+    sign.setIcon(u"disc-data"_s);
+    sign.setAccent(1);
+    const auto accents = [&sign] {
+        const QImage image = picture(sign);
+        const QRgb accent = Theme::accent(1, QApplication::palette()).rgb();
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == accent;
+        return count;
+    };
+    EXPECT_GT(accents(), 0);
+    Theme::apply(*qApp, scheme() == "dark"_L1 ? u"light"_s : u"dark"_s);
+    EXPECT_GT(accents(), 0);
+}
+
 TEST_P(Looks, WordsReadOnTheirGrounds)
 {
     const auto luminance = [](const QColor& colour) {
@@ -193,4 +228,18 @@ TEST(Look, FollowsAChangeOfSchemeWhileWindowsStand)
     EXPECT_LT(qGray(ground.grab().toImage().pixel(1, 1)), 80);
     EXPECT_NE(icon(u"disc"_s).pixmap(24).toImage(), sign);
     Theme::apply(*qApp, u"light"_s);
+}
+
+TEST(IconTiles, WantTheirMenuAtTheMouseAndBelowThemselvesForAKey)
+{
+    IconTile tile;
+    tile.setup(u"disc"_s, 0, u"Команды"_s);
+    tile.show();
+    QList<QPoint> places;
+    QObject::connect(&tile, &IconTile::menuWanted, [&](const QPoint& at) { places += tile.mapFromGlobal(at); });
+    QTest::mouseClick(&tile, Qt::LeftButton, {}, QPoint(7, 9));
+    QTest::mouseClick(&tile, Qt::RightButton, {}, QPoint(7, 9));
+    for (Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) QTest::keyClick(&tile, key);
+    const QPoint below(0, tile.height());
+    EXPECT_EQ(places, QList({QPoint(7, 9), below, below}));
 }

@@ -148,7 +148,7 @@ TEST_F(BoxesInEarnest, InputBoxGivesTheTextOrNothing)
 
 TEST_F(BoxesInEarnest, ChoosersNameTheirPatternsAndRememberTheFolder)
 {
-    EXPECT_EQ(NameFilters(u"База vinora (*.db)|*.db|Все|*.*"_s), (QStringList{"База vinora (*.db)", "Все (*.*)"}));
+    EXPECT_EQ(NameFilters(u"База vinora (*.db)|*.db|Все|*.*"_s), (QStringList{"База vinora (*.db)", "Все (*)"}));
     EXPECT_EQ(NameFilters(u"Картинки|*.jpg;*.png"_s), QStringList{"Картинки (*.jpg *.png)"});
 
     lastFolder = folder.path();
