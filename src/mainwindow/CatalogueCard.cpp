@@ -40,9 +40,9 @@ void soften(QLabel* label)
 QString DiscWord(int discs)
 {
     const int tens = discs % 100, ones = discs % 10;
-    if (tens >= 11 && tens <= 14) return u" дисков"_s;
-    if (ones == 1) return u" диск"_s;
-    return ones >= 2 && ones <= 4 ? u" диска"_s : u" дисков"_s;
+    if (tens >= 11 && tens <= 14) return u"дисков"_s;
+    if (ones == 1) return u"диск"_s;
+    return ones >= 2 && ones <= 4 ? u"диска"_s : u"дисков"_s;
 }
 
 CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* add)
@@ -75,10 +75,7 @@ CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* 
 QLayout* CatalogueCard::header()
 {
     imgLogo->setup(m_kind.icon, m_kind.accent, m_kind.title + u": команды"_s);
-    connect(imgLogo, &QAbstractButton::pressed, this, [this] {
-        imgLogo->setDown(false);
-        emit menuWanted(imgLogo->mapToGlobal(QPoint(0, imgLogo->height())));
-    });
+    connect(imgLogo, &IconTile::menuWanted, this, &CatalogueCard::menuWanted);
 
     auto* title = label(m_kind.listText);
     title->setFont(Theme::heading(title->font()));
@@ -124,6 +121,7 @@ QLayout* CatalogueCard::counts()
 
 QLayout* CatalogueCard::sign()
 {
+    imgNew->setAccent(m_kind.accent);
     imgNew->setScale(1.6);
     imgShare->setScale(1);
     lblNew->setWordWrap(true);
@@ -144,7 +142,7 @@ QLayout* CatalogueCard::sign()
 void CatalogueCard::show(const CatalogueSummary& summary)
 {
     lblCDs->setText(QString::number(summary.discs));
-    lblDiscs->setText(DiscWord(summary.discs).trimmed());
+    lblDiscs->setText(DiscWord(summary.discs));
     lblUpdate->setText(summary.lastUpdate.isValid() ? FormatDate(summary.lastUpdate, u"d MMMM yyyy г."_s) : u"-"_s);
     lblDue->setText(QString::number(summary.lent));
 }
@@ -158,7 +156,7 @@ void CatalogueCard::showOverdue(int loans)
 void CatalogueCard::showSign(const DriveSign& sign, bool offersLinks)
 {
     m_sign = sign;
-    lblNew->setText(QString(sign.label).replace(u'\r', u'\n'));
+    lblNew->setText(Wrappable(QString(sign.label).replace(u'\r', u'\n')));
     imgNew->setVisible(sign.shown);
     lblNew->setVisible(sign.shown);
     imgShare->setVisible(sign.linkShown && offersLinks);
@@ -175,11 +173,11 @@ void CatalogueCard::applyColours()
         text->setPalette(own);
     };
     const QPalette shared = QGuiApplication::palette();
-    const QColor accent = Theme::accent(m_kind.accent, shared), danger = Theme::danger(shared);
+    const QColor danger = Theme::danger(shared);
     imgFindDue->setIcon(u"loan-warning"_s, danger);
     paint(lblFindDue, danger);
     paint(m_overdue, danger);
-    imgNew->setIcon(m_sign.numbered ? m_kind.icon : u"disc-unknown"_s, accent);
+    imgNew->setIcon(m_sign.numbered ? m_kind.icon : u"disc-unknown"_s);
     imgShare->setIcon(m_sign.unbinds ? u"unbind"_s : u"bind"_s, m_sign.unbinds ? danger : QColor());
     paint(lblShare, m_sign.unbinds ? danger : shared.color(QPalette::Link));
 }

@@ -11,7 +11,6 @@
 #include <QLabel>
 
 class QAction;
-class QMenu;
 
 /// One catalogue on the dashboard: how many discs, when it last changed, how many are lent and overdue, and whether the
 /// disc in the drive is one of its own. Its controls carry the catalogue's ending: lblCDsPC, imgNewPC.
@@ -20,7 +19,6 @@ class CatalogueCard : public Card {
 public:
     CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* add);
 
-    const CatalogueKind& kind() const { return m_kind; }
     void show(const CatalogueSummary& summary);
     /// Off with 0. The sign blinks with the interval of `setDueInterval`.
     void showOverdue(int loans);
@@ -29,7 +27,7 @@ public:
     void showSign(const DriveSign& sign, bool offersLinks = false);
 
 signals:
-    /// A press on the logo: its menu is wanted at this place on the screen.
+    /// The logo's menu is wanted at this place on the screen.
     void menuWanted(const QPoint& at);
 
 protected:
@@ -59,5 +57,5 @@ private:
     Blinker m_dueSign;
 };
 
-/// " диск", " диска" or " дисков" behind a number.
+/// "диск", "диска" or "дисков", as it stands behind a number.
 QString DiscWord(int discs);

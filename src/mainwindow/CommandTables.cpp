@@ -63,6 +63,19 @@ const QList<Command>& AllCommands()
     return all;
 }
 
+const std::array<CatalogueCommands, 3>& CommandsOfCatalogues()
+{
+    static const std::array<CatalogueCommands, 3> all{{
+        {Audio(), u"ID_Catalog_AudioCD"_s, u"ID_Catalog_AddAudioCD"_s, u"ID_QuickAD"_s, u"ID_QuickADCatalog"_s,
+         u"ID_QuickADNewCD"_s},
+        {Computer(), u"ID_Catalog_PCCD"_s, u"ID_Catalog_AddPCCD"_s, u"ID_QuickPC"_s, u"ID_QuickPCCatalog"_s,
+         u"ID_QuickPCNewCD"_s},
+        {Dvd(), u"ID_Catalog_DVD"_s, u"ID_Catalog_AddDVD"_s, u"ID_QuickDVD"_s, u"ID_QuickDVDCatalog"_s,
+         u"ID_QuickDVDNewCD"_s},
+    }};
+    return all;
+}
+
 const QList<MenuDef>& AllMenus()
 {
     static const QList<MenuDef> all{

@@ -16,6 +16,8 @@ static QAction* makeAction(const Command& command, QObject* owner)
     action->setShortcut(command.shortcut);
     action->setCheckable(command.checkable);
     action->setIconText(command.toolbarText.isEmpty() ? plain(command.text) : command.toolbarText);
+    // On a toolbar the others show their icon alone.
+    action->setPriority(command.toolbarText.isEmpty() ? QAction::LowPriority : QAction::NormalPriority);
     const QString keys = command.shortcut.toString(QKeySequence::NativeText);
     action->setToolTip(keys.isEmpty() ? plain(command.text) : u"%1 (%2)"_s.arg(plain(command.text), keys));
     return action;

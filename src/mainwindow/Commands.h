@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Literals.h"
+#include "store/CatalogueKind.h"
 
 #include <QHash>
 #include <QKeySequence>
@@ -18,11 +18,20 @@ struct Command {
     QString text; ///< with its mnemonic, as the menu shows it
     QString icon; ///< of Icons, may be empty
     QKeySequence shortcut = {};
-    QString screen = {};      ///< disabled while this screen does not exist; empty: needs none
+    QString needs = {};       ///< the screen, routine or file that it is nothing without, see Screens::offers
     QString toolbarText = {}; ///< beside the icon on a toolbar; empty: icon alone, the text is its tooltip
     bool checkable = false;
 };
 const QList<Command>& AllCommands();
+
+/// The commands of one catalogue.
+struct CatalogueCommands {
+    const CatalogueKind& kind;
+    QString open, add;
+    QString logoMenu, quickOpen, quickAdd; ///< the menu of its logo, and the same two commands there
+};
+/// In the order of AllCatalogues().
+const std::array<CatalogueCommands, 3>& CommandsOfCatalogues();
 
 /// A menu: entries are identifiers of commands or of other menus, "-" a separator.
 struct MenuDef {

@@ -2,18 +2,22 @@
 
 #include "ui/Icons.h"
 #include "ui/Layout.h"
+#include "ui/Lettering.h"
 #include "ui/Theme.h"
 
-#include <QResizeEvent>
+#include <QMouseEvent>
+
+static CatalogueCard* makeCard(const Commands& commands, const CatalogueCommands& own)
+{
+    return new CatalogueCard(own.kind, commands.action(own.open), commands.action(own.add));
+}
 
 Dashboard::Dashboard(const Commands& commands)
-    : m_cards{new CatalogueCard(Audio(), commands.action(u"ID_Catalog_AudioCD"),
-                                commands.action(u"ID_Catalog_AddAudioCD")),
-              new CatalogueCard(Computer(), commands.action(u"ID_Catalog_PCCD"),
-                                commands.action(u"ID_Catalog_AddPCCD")),
-              new CatalogueCard(Dvd(), commands.action(u"ID_Catalog_DVD"), commands.action(u"ID_Catalog_AddDVD"))},
+    : m_cards{makeCard(commands, CommandsOfCatalogues()[0]), makeCard(commands, CommandsOfCatalogues()[1]),
+              makeCard(commands, CommandsOfCatalogues()[2])},
       m_drive(new DriveCard(commands.action(u"ID_Drive_Insert"), commands.action(u"ID_Drive_Eject"))),
-      m_grid(new QGridLayout), lblTotal(new QLabel), imgShowHideoListbar(new QToolButton)
+      m_grid(new QGridLayout), lblTotal(new QLabel), imgShowHideoListbar(new QToolButton),
+      lblShowHideoListbar(new QLabel)
 {
     setObjectName(u"fraDashboard"_s);
     setFrameShape(QFrame::NoFrame);
@@ -22,17 +26,15 @@ Dashboard::Dashboard(const Commands& commands)
     setFocusPolicy(Qt::NoFocus);
 
     m_grid->setSpacing(Theme::Between);
-    auto* all = column(header(), m_grid, stretch);
-    all->setContentsMargins(Theme::Outside, Theme::Outside, Theme::Outside, Theme::Outside);
-    all->setSpacing(Theme::Between);
-    setWidget(panel(all));
+    m_all = column(header(), m_grid, stretch);
+    m_all->setSpacing(Theme::Between);
+    setWidget(panel(m_all));
     arrange(3);
 }
 
 QLayout* Dashboard::header()
 {
-    auto* title = label(u"Коллекция дисков"_s);
-    title->setFont(Theme::title(title->font()));
+    auto* title = lettered(label(u"Коллекция дисков"_s), Lettering::Title);
     lblTotal->setObjectName(u"lblTotal"_s);
     lblTotal->setForegroundRole(QPalette::PlaceholderText);
     auto* texts = column(title, lblTotal);
@@ -40,25 +42,40 @@ QLayout* Dashboard::header()
 
     imgShowHideoListbar->setObjectName(u"imgShowHideoListbar"_s);
     imgShowHideoListbar->setIcon(icon(u"panel"_s));
-    imgShowHideoListbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     imgShowHideoListbar->setAutoRaise(true);
     connect(imgShowHideoListbar, &QToolButton::clicked, this, &Dashboard::panelToggled);
+    lblShowHideoListbar->setObjectName(u"lblShowHideoListbar"_s);
+    lblShowHideoListbar->setCursor(Qt::PointingHandCursor);
+    lblShowHideoListbar->installEventFilter(this);
 
-    auto* line = row(texts, stretch, imgShowHideoListbar);
-    line->setAlignment(imgShowHideoListbar, Qt::AlignTop);
+    auto* link = row(imgShowHideoListbar, lblShowHideoListbar);
+    link->setSpacing(2);
+    auto* line = row(texts, stretch, link);
+    line->setAlignment(link, Qt::AlignTop);
     return line;
+}
+
+bool Dashboard::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == lblShowHideoListbar && event->type() == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+        emit panelToggled();
+    return QScrollArea::eventFilter(watched, event);
 }
 
 void Dashboard::showTotal(int discs, int loans)
 {
-    QString text = QString::number(discs) + DiscWord(discs) + u" в трёх каталогах"_s;
+    QString text = QString::number(discs) + u' ' + DiscWord(discs) + u" в трёх каталогах"_s;
     if (loans > 0) text += u", выдано %1"_s.arg(loans);
     lblTotal->setText(text);
 }
 
 void Dashboard::showPanelLink(bool panelShown)
 {
-    imgShowHideoListbar->setText(panelShown ? u"Скрыть панель"_s : u"Показать панель"_s);
+    const QString text = panelShown ? u"Скрыть панель"_s : u"Показать панель"_s;
+    lblShowHideoListbar->setText(text);
+    imgShowHideoListbar->setToolTip(text + u" (F9)"_s);
+    imgShowHideoListbar->setAccessibleName(text);
 }
 
 void Dashboard::arrange(int columns)
@@ -71,6 +88,10 @@ void Dashboard::arrange(int columns)
         m_grid->addWidget(m_cards[size_t(i)], i / columns, i % columns);
         m_grid->setColumnStretch(i, i < columns ? 1 : 0);
     }
+    m_drive->setNarrow(columns < 3);
+    lblShowHideoListbar->setVisible(columns > 1);
+    const int margin = columns > 1 ? Theme::Outside : Theme::Between;
+    m_all->setContentsMargins(margin, margin, margin, margin);
     // Two columns leave a place beside the third catalogue.
     if (columns == 2)
         m_grid->addWidget(m_drive, 1, 1);

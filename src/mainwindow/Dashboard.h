@@ -23,6 +23,7 @@ signals:
     void panelToggled();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -32,7 +33,9 @@ private:
     std::array<CatalogueCard*, 3> m_cards;
     DriveCard* m_drive;
     QGridLayout* m_grid;
+    QLayout* m_all;
     QLabel* lblTotal;
     QToolButton* imgShowHideoListbar;
+    QLabel* lblShowHideoListbar;
     int m_columns = 0;
 };

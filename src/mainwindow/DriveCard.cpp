@@ -4,54 +4,110 @@
 #include "platform/Literals.h"
 #include "recognition/DiscIdentity.h"
 #include "ui/Layout.h"
+#include "ui/Lettering.h"
 #include "ui/Theme.h"
 
 #include <QAction>
 
+namespace {
+
+QString disc(const DriveSight& sight)
+{
+    QStringList words;
+    if (const QString name = sight.volume.label.trimmed(); !name.isEmpty()) words += u"«%1»"_s.arg(name);
+    words += sight.kind.isEmpty() ? u"диск без категории"_s : sight.kind;
+    return words.join(u" · "_s);
+}
+
+QString medium(const DriveSight& sight)
+{
+    if (sight.root.isEmpty()) return {};
+    if (sight.volume.success) return disc(sight);
+    if (!sight.image.isEmpty()) return u"Образ «%1» не найден или не читается."_s.arg(sight.image);
+    return u"Диска нет. Вставьте диск или перетащите в это окно файл образа: ISO, BIN/CUE, NRG, TOC."_s;
+}
+
+/// Why a disc that is there goes unnoticed.
+QString hint(const DriveSight& sight)
+{
+    if (sight.root.isEmpty() || sight.chosen.compare(sight.root, Qt::CaseInsensitive) == 0) return {};
+    if (!sight.chosen.isEmpty()) return u"Устройства %1, выбранного раньше, нет: выберите другое."_s.arg(sight.chosen);
+    return sight.volume.success ? u"Чтобы диски узнавались, выберите устройство в списке на панели инструментов."_s
+                                : QString();
+}
+
+}
+
 DriveCard::DriveCard(QAction* insert, QAction* eject)
-    : m_sign(new IconLabel), lblDriveTitle(new QLabel), lblDriveMedium(new QLabel)
+    : m_sign(new IconLabel), lblDriveTitle(new QLabel), lblDriveMedium(new QLabel), lblDriveHint(new QLabel)
 {
     setObjectName(u"fraDrive"_s);
     lblDriveTitle->setObjectName(u"lblDriveTitle"_s);
     lblDriveMedium->setObjectName(u"lblDriveMedium"_s);
-    lblDriveTitle->setFont(Theme::heading(lblDriveTitle->font()));
-    lblDriveMedium->setWordWrap(true);
-    lblDriveMedium->setTextFormat(Qt::PlainText);
-    lblDriveTitle->setTextFormat(Qt::PlainText);
+    lblDriveHint->setObjectName(u"lblDriveHint"_s);
+    lettered(lblDriveTitle, Lettering::Heading);
+    lettered(lblDriveHint, Lettering::Caption);
+    for (QLabel* text : {lblDriveTitle, lblDriveMedium, lblDriveHint}) text->setTextFormat(Qt::PlainText);
+    for (QLabel* text : {lblDriveMedium, lblDriveHint}) text->setWordWrap(true);
     m_sign->setScale(2.4);
 
-    auto* texts = column(lblDriveTitle, lblDriveMedium, stretch);
-    texts->setSpacing(2);
-    auto* buttons = column(MakeActionButton(insert, u"image-insert"_s, insert->iconText()),
-                           MakeActionButton(eject, u"eject"_s, eject->iconText()));
-    auto* layout = row(m_sign, texts, buttons);
-    layout->setStretch(1, 1);
-    layout->setAlignment(m_sign, Qt::AlignTop);
-    layout->setContentsMargins(Theme::Inside, Theme::Inside, Theme::Inside, Theme::Inside);
-    layout->setSpacing(Theme::Between);
-    setLayout(layout);
+    m_facts = facts();
+    auto* texts = column(lblDriveTitle, lblDriveMedium, lblDriveHint, m_facts, stretch);
+    texts->setSpacing(4);
+    auto* told = row(m_sign, texts);
+    told->setStretch(1, 1);
+    told->setAlignment(m_sign, Qt::AlignTop);
+    told->setSpacing(Theme::Between);
+    auto* insertButton = MakeActionButton(insert, u"image-insert"_s, insert->iconText());
+    auto* ejectButton = MakeActionButton(eject, u"eject"_s, eject->iconText());
+    auto* buttons = row(insertButton, ejectButton);
+    buttons->setSpacing(Theme::Gap);
+    m_layout = row(told, buttons);
+    m_layout->setStretch(0, 1);
+    m_layout->setAlignment(buttons, Qt::AlignTop | Qt::AlignLeft);
+    m_layout->setContentsMargins(Theme::Inside, Theme::Inside, Theme::Inside, Theme::Inside);
+    m_layout->setSpacing(Theme::Between);
+    setLayout(m_layout);
 }
 
-void DriveCard::show(Drive* drive, const QString& kind)
+QWidget* DriveCard::facts()
 {
-    const VolumeProperties volume = drive ? drive->lastKnown() : VolumeProperties();
-    m_sign->setIcon(!drive ? u"drive"_s : volume.success ? u"disc"_s : u"disc-empty"_s);
-    if (!drive) {
-        lblDriveTitle->setText(u"Устройство для чтения дисков не найдено"_s);
-        lblDriveMedium->clear();
-        return;
+    const std::array captions{u"Файловая система"_s, u"Идентификатор"_s, u"Носитель"_s};
+    auto* table = new QGridLayout;
+    table->setContentsMargins(0, Theme::Gap / 2, 0, 0);
+    table->setHorizontalSpacing(Theme::Between);
+    table->setVerticalSpacing(2);
+    table->setColumnStretch(1, 1);
+    for (int i = 0; i < int(captions.size()); ++i) {
+        QLabel*& fact = lblDriveFact[size_t(i)] = new QLabel;
+        fact->setObjectName(u"lblDriveFact_%1"_s.arg(i));
+        fact->setTextFormat(Qt::PlainText);
+        fact->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        fact->setWordWrap(true);
+        table->addWidget(lettered(label(captions[size_t(i)], fact), Lettering::Caption), i, 0, Qt::AlignTop);
+        table->addWidget(fact, i, 1);
     }
-    lblDriveTitle->setText(u"Устройство "_s + drive->root());
-    if (!volume.success) {
-        lblDriveMedium->setText(u"Диска нет. Вставьте диск или перетащите в это окно файл образа: "
-                                u"ISO, BIN/CUE, NRG, TOC."_s);
-        return;
-    }
-    QStringList facts;
-    if (!volume.label.trimmed().isEmpty()) facts += u"«%1»"_s.arg(volume.label.trimmed());
-    if (!kind.isEmpty()) facts += kind;
-    facts += volume.fileSystem;
-    if (const QString id = SerialToID(volume.serial); !id.isEmpty()) facts += u"идентификатор "_s + id;
-    if (!drive->description().isEmpty()) facts += drive->description();
-    lblDriveMedium->setText(facts.join(u" · "_s));
+    return panel(table);
+}
+
+void DriveCard::setNarrow(bool narrow)
+{
+    m_layout->setDirection(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
+void DriveCard::show(const DriveSight& sight)
+{
+    if (sight == m_sight) return;
+    m_sight = sight;
+    m_sign->setIcon(sight.root.isEmpty() ? u"drive"_s : sight.volume.success ? u"disc"_s : u"disc-empty"_s);
+    lblDriveTitle->setText(sight.root.isEmpty() ? u"Устройство для чтения дисков не найдено"_s
+                                                : u"Устройство "_s + sight.root);
+    lblDriveMedium->setText(Wrappable(medium(sight)));
+    const std::array facts{sight.volume.fileSystem, SerialToID(sight.volume.serial), sight.description};
+    for (size_t i = 0; i < facts.size(); ++i)
+        lblDriveFact[i]->setText(facts[i].isEmpty() ? u"-"_s : Wrappable(facts[i]));
+    m_facts->setVisible(!sight.root.isEmpty() && sight.volume.success);
+    const QString why = hint(sight);
+    lblDriveHint->setText(why);
+    lblDriveHint->setVisible(!why.isEmpty());
 }

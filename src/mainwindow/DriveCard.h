@@ -1,23 +1,46 @@
 #pragma once
 
-#include "platform/Drives.h"
+#include "platform/disc/Disc.h"
 #include "ui/Card.h"
 #include "ui/IconLabel.h"
 
+#include <QBoxLayout>
 #include <QLabel>
+#include <array>
+#include <optional>
 
 class QAction;
+
+/// What the drive card tells of a drive.
+struct DriveSight {
+    QString root;        ///< "D:\\", empty when the machine has no drive
+    QString chosen;      ///< the drive of the settings, which is the one watched; empty when none was ever chosen
+    QString description; ///< of the drive
+    QString image;       ///< path of the image in a virtual drive
+    VolumeProperties volume;
+    QString kind; ///< caption of the medium's kind, empty when it is unknown
+
+    bool operator==(const DriveSight&) const = default;
+};
 
 /// What is in the default drive, and the way to put an image in.
 class DriveCard : public Card {
 public:
     DriveCard(QAction* insert, QAction* eject);
 
-    /// Null when the machine has no drive. `kind` is the caption of the medium's kind, empty when it is unknown.
-    void show(Drive* drive, const QString& kind);
+    void show(const DriveSight& sight);
+    /// The buttons below the texts instead of beside them.
+    void setNarrow(bool narrow);
 
 private:
+    QWidget* facts();
+
+    std::optional<DriveSight> m_sight;
     IconLabel* m_sign;
     QLabel* lblDriveTitle;
     QLabel* lblDriveMedium;
+    QLabel* lblDriveHint;
+    std::array<QLabel*, 3> lblDriveFact; ///< file system, identifier, what the drive or image is
+    QWidget* m_facts;
+    QBoxLayout* m_layout;
 };

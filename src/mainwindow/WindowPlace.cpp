@@ -8,17 +8,20 @@ namespace {
 enum State { Normal = 0, Minimised = 1, Maximised = 2 };
 
 constexpr int buffer = 15;
+// Pixels, farther than any screen; a window may be off them all.
+constexpr double farthest = 32767;
 
 void apply(const Profile& settings, QStringView key, auto set)
 {
-    if (settings.has(u"Window", key)) set(qRound(settings.number(u"Window", key, buffer) / TwipsPerPixel));
+    if (!settings.has(u"Window", key)) return;
+    set(qRound(qBound(-farthest, settings.number(u"Window", key, buffer) / TwipsPerPixel, farthest)));
 }
 }
 
 void LoadWinPos(QWidget& window, const Profile& settings)
 {
     Qt::WindowStates state = Qt::WindowNoState;
-    const int stored = int(settings.number(u"Window", u"State", buffer));
+    const int stored = int(qBound(-farthest, settings.number(u"Window", u"State", buffer), farthest));
     if (stored == Minimised) state = Qt::WindowMinimized;
     if (stored == Maximised) state = Qt::WindowMaximized;
 

@@ -9,7 +9,7 @@ class QWidget;
 inline constexpr int TwipsPerPixel = 15;
 
 /// State, Left, Top, Height, Width, each by itself; a missing key leaves the property as it is. Nothing is checked against
-/// the screen.
+/// the screen, but no number goes beyond what window systems can hold.
 void LoadWinPos(QWidget& window, const Profile& settings);
 /// State always; the place only of a window that is neither minimised nor maximised.
 void SaveWinPos(const QWidget& window, const Profile& settings);

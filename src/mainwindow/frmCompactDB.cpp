@@ -5,8 +5,6 @@
 #include "ui/Layout.h"
 #include "ui/Theme.h"
 
-#include <QCoreApplication>
-
 frmCompactDB::frmCompactDB()
 {
     setObjectName(u"frmCompactDB"_s);
@@ -19,11 +17,4 @@ frmCompactDB::frmCompactDB()
     layout->setContentsMargins(Theme::Outside, Theme::Outside, Theme::Outside, Theme::Outside);
     layout->setSpacing(Theme::Between);
     setLayout(layout);
-}
-
-void frmCompactDB::showNow()
-{
-    show();
-    repaint();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }

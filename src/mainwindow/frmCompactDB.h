@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QWidget>
+#include "ui/ShowNow.h"
 
 /// Asks for patience while the databases are compacted. Shown without waiting, like the splash.
 class frmCompactDB : public QWidget {
 public:
     frmCompactDB();
-    void showNow();
+    void showNow() { ShowNow(*this); }
 };

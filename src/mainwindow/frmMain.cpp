@@ -1,17 +1,17 @@
 #include "mainwindow/frmMain.h"
 
 #include "frame/Text.h"
+#include "frame/Version.h"
 #include "mainwindow/QueryShortcuts.h"
-#include "mainwindow/ToolbarLayout.h"
 #include "mainwindow/WindowPlace.h"
 #include "mainwindow/frmCompactDB.h"
-#include "mainwindow/frmSplashMain.h"
 #include "recognition/DiscImages.h"
 #include "store/Compaction.h"
 #include "ui/Icons.h"
 #include "ui/Layout.h"
 
 #include <QCloseEvent>
+#include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -66,36 +66,32 @@ frmMain::~frmMain()
 
 void frmMain::buildToolbars()
 {
-    for (const ToolbarDef& def : AllToolbars()) {
-        auto* bar = new QToolBar(def.name);
-        bar->setObjectName(def.name);
-        addToolBar(bar);
-        for (const QString& id : def.entries) {
-            if (id == ID_DB_DefaultCDDVDROM->objectName() || id == u"ID_DB_DefaultCDDVDROM") {
-                bar->addWidget(ID_DB_DefaultCDDVDROM);
-                continue;
-            }
-            QAction* action = m_commands.action(id);
-            bar->addAction(action);
-            auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
-            const bool worded = action->iconText() == action->text().remove(u'&') && id != u"ID_Quit" &&
-                                (id == u"ID_AddCD" || id.startsWith(u"ID_Drive_"));
-            button->setToolButtonStyle(worded ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
-        }
-        if (def.toggle.isEmpty()) continue;
-        QAction* toggle = m_commands.action(def.toggle);
-        connect(toggle, &QAction::toggled, bar, &QToolBar::setVisible);
-        connect(bar, &QToolBar::visibilityChanged, toggle, [bar, toggle] { toggle->setChecked(!bar->isHidden()); });
-        toggle->setChecked(true);
-    }
     ID_DB_DefaultCDDVDROM->setObjectName(u"ID_DB_DefaultCDDVDROM"_s);
     ID_DB_DefaultCDDVDROM->setToolTip(u"CD/DVD-ROM по умолчанию"_s);
     ID_DB_DefaultCDDVDROM->setAccessibleName(u"CD/DVD-ROM по умолчанию"_s);
     ID_DB_DefaultCDDVDROM->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    for (const ToolbarDef& def : AllToolbars()) {
+        auto* bar = new QToolBar(def.name);
+        bar->setObjectName(def.name);
+        bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        addToolBar(bar);
+        for (const QString& id : def.entries) {
+            if (id == ID_DB_DefaultCDDVDROM->objectName())
+                bar->addWidget(ID_DB_DefaultCDDVDROM);
+            else
+                bar->addAction(m_commands.action(id));
+        }
+        if (def.toggle.isEmpty()) continue;
+        QAction* toggle = m_commands.action(def.toggle);
+        connect(toggle, &QAction::toggled, bar, &QToolBar::setVisible);
+        toggle->setChecked(true);
+    }
 
-    auto* add = qobject_cast<QToolButton*>(
-        findChild<QToolBar*>(u"Каталоги"_s)->widgetForAction(m_commands.action(u"ID_AddCD")));
-    add->setMenu(m_commands.menu(u"ID_Catalog_AddCD"));
+    QAction* add = m_commands.action(u"ID_AddCD");
+    m_addButton = qobject_cast<QToolButton*>(findChild<QToolBar*>(u"Каталоги"_s)->widgetForAction(add));
+    m_addButton->setMenu(m_commands.menu(u"ID_Catalog_AddCD"));
+    m_addButton->setPopupMode(QToolButton::MenuButtonPopup);
+    addAction(add); // its keys also while that toolbar is hidden
     m_commands.action(u"ID_Panel")->setChecked(true);
 }
 
@@ -107,12 +103,13 @@ void frmMain::connectAll()
     connect(tmrCheckCD, &Timer::tick, this, &frmMain::tmrCheckCD_Timer);
     connect(tmrNewCD, &Timer::tick, this, &frmMain::tmrNewCD_Timer);
     connect(tmrTime, &Timer::tick, this, &frmMain::tmrTime_Timer);
-    connect(ID_DB_DefaultCDDVDROM, &QComboBox::currentTextChanged, this, &frmMain::defaultDriveChanged);
+    connect(ID_DB_DefaultCDDVDROM, &QComboBox::activated, this, &frmMain::defaultDriveChanged);
     connect(m_dashboard, &Dashboard::panelToggled, this, [this] { m_commands.action(u"ID_Panel")->trigger(); });
-    const std::array menus{u"ID_QuickAD"_s, u"ID_QuickPC"_s, u"ID_QuickDVD"_s};
-    for (size_t i = 0; i < menus.size(); ++i) {
+    connect(m_commands.menu(u"ID_View_Toolbars"), &QMenu::aboutToShow, this, &frmMain::tickToolbars);
+    for (size_t i = 0; i < CommandsOfCatalogues().size(); ++i) {
+        QMenu* menu = m_commands.menu(CommandsOfCatalogues()[i].logoMenu);
         connect(m_dashboard->cards()[i], &CatalogueCard::menuWanted, this,
-                [this, id = menus[i]](const QPoint& at) { program.dialogs.Popup(*m_commands.menu(id), at); });
+                [this, menu](const QPoint& at) { program.dialogs.Popup(*menu, at); });
     }
 }
 
@@ -120,27 +117,43 @@ void frmMain::Load()
 {
     Guarded("frmMain, Form_Load()"_L1, [&] {
         LoadWinPos(*this, program.settings());
-        LoadToolbars();
+        const auto layout = LoadToolbarLayout(layoutPath(program));
+        if (layout) restoreToolbars(*layout);
         StatusBar->setMode(u"База данных - локальная"_s);
         StatusBar->setClock(FormatDate(program.clock.today(), u"d MMMM (dddd)"_s));
         initUser();
         AddListbars();
+        LoadToolbars(layout);
         RestoreImage(program);
         LoadData();
         loadShortcuts();
         LoadDefaultCD();
         enableCommands();
+        SSListBar->focusFirstItem();
         tmrTime->setEnabled(true);
     });
 }
 
 void frmMain::initUser() { setWindowTitle(ProgramTitle(program.version)); }
 
-void frmMain::LoadToolbars()
+void frmMain::restoreToolbars(const ToolbarLayout& layout)
 {
-    const auto layout = LoadToolbarLayout(layoutPath(program));
+    if (!restoreState(layout.toolbars)) restoreState(m_designedToolbars);
+    for (const ToolbarDef& def : AllToolbars())
+        if (def.toggle.isEmpty()) findChild<QToolBar*>(def.name)->show();
+    tickToolbars();
+}
+
+void frmMain::tickToolbars()
+{
+    for (const ToolbarDef& def : AllToolbars())
+        if (QAction* toggle = m_commands.action(def.toggle))
+            toggle->setChecked(!findChild<QToolBar*>(def.name)->isHidden());
+}
+
+void frmMain::LoadToolbars(const std::optional<ToolbarLayout>& layout)
+{
     if (layout) {
-        if (!restoreState(layout->toolbars)) restoreState(m_designedToolbars);
         SSListBar->setFoldedGroups(layout->foldedGroups);
         m_commands.action(u"ID_Panel")->setChecked(layout->panel);
     }
@@ -175,6 +188,16 @@ bool frmMain::Form_Unload()
     return true;
 }
 
+void frmMain::contextMenuEvent(QContextMenuEvent* event)
+{
+    const QWidget* at = childAt(event->pos());
+    while (at && !qobject_cast<const QToolBar*>(at) && at != menuBar()) at = at->parentWidget();
+    if (at)
+        program.dialogs.Popup(*m_commands.menu(u"ID_View_Toolbars"), event->globalPos());
+    else
+        event->ignore();
+}
+
 void frmMain::closeEvent(QCloseEvent* event)
 {
     event->ignore();
@@ -183,7 +206,7 @@ void frmMain::closeEvent(QCloseEvent* event)
     Guarded("frmMain, Form_Unload()"_L1, [&] {
         if (!Form_Unload()) return;
         program.engine.ReleaseAll();
-        program.endProcess(0);
+        EndProcess(program, EXIT_SUCCESS);
     });
 }
 

@@ -4,6 +4,7 @@
 #include "mainwindow/Commands.h"
 #include "mainwindow/Dashboard.h"
 #include "mainwindow/StatusPanels.h"
+#include "mainwindow/ToolbarLayout.h"
 #include "recognition/DriveWatch.h"
 #include "ui/ListBar.h"
 #include "ui/Timer.h"
@@ -33,6 +34,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    /// None of the toolkit's own, which would also hide the bar that holds the drive selector.
+    QMenu* createPopupMenu() override { return nullptr; }
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -41,11 +45,12 @@ private:
 
     // Window
     void buildToolbars();
-    void buildTimers();
     void connectAll();
     void initUser();
-    void LoadToolbars();
+    void restoreToolbars(const ToolbarLayout& layout);
+    void LoadToolbars(const std::optional<ToolbarLayout>& layout);
     void SaveToolbars();
+    void tickToolbars();
     void AddListbars();
     void loadShortcuts();
     void showPanel(bool shown);
@@ -70,11 +75,16 @@ private:
     void cmdInsert();
     void cmdEject();
     void showDrive();
+    void showDrive(const DriveGlance& seen, const QString& chosen);
 
     // Commands
+    using Handlers = QHash<QString, std::function<void(frmMain&)>>;
+    static Handlers handlers();
     void openCatalogue(const CatalogueKind& kind, int number = 0);
     void addDisc(const CatalogueKind& kind);
+    void addAndRemember(const CatalogueKind& kind);
     void repeatLastAdd();
+    void offerAdds();
     void changeCategory();
     void listBarClicked(const QString& group, const QString& text);
     void enableCommands();
@@ -89,7 +99,8 @@ private:
     Timer* tmrCheckCD;
     Timer* tmrNewCD;
     Timer* tmrTime;
+    QToolButton* m_addButton = nullptr;
     QByteArray m_designedToolbars;
+    DriveSigns m_painted;
     bool m_showTime = false;
-    bool m_fillingDrives = false;
 };

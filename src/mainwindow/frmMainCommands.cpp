@@ -11,6 +11,8 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QToolBar>
 #include <QToolButton>
@@ -49,9 +51,6 @@ const QList<ListBarGroup>& listBarGroups()
     };
     return groups;
 }
-
-/// Which add command LastAction 1, 2, 3 repeats.
-const std::array<QString, 3> addCommands{u"ID_Catalog_AddAudioCD"_s, u"ID_Catalog_AddPCCD"_s, u"ID_Catalog_AddDVD"_s};
 }
 
 bool frmMain::offers(QStringView screen) const
@@ -64,7 +63,7 @@ bool frmMain::offers(QStringView screen) const
 void frmMain::enableCommands()
 {
     for (const Command& command : AllCommands())
-        if (!command.screen.isEmpty()) m_commands.action(command.id)->setEnabled(offers(command.screen));
+        if (!command.needs.isEmpty()) m_commands.action(command.id)->setEnabled(offers(command.needs));
     for (const ListBarGroup& group : listBarGroups())
         for (const ListBarItem& item : group.items)
             SSListBar->setItemEnabled(group.key, item.text, m_commands.action(item.command)->isEnabled());
@@ -75,13 +74,6 @@ void frmMain::enableCommands()
         });
         if (!def.inMenuBar) m_commands.menu(def.id)->menuAction()->setEnabled(any);
     }
-
-    // The button repeats the last add; where that one is not there, a click offers those that are.
-    const int last = qBound(1, int(program.settings().number(u"Toolbars", u"LastAction", 5)), 3);
-    auto* button = qobject_cast<QToolButton*>(
-        findChild<QToolBar*>(u"Каталоги"_s)->widgetForAction(m_commands.action(u"ID_AddCD")));
-    const bool repeats = m_commands.action(addCommands[size_t(last - 1)])->isEnabled();
-    button->setPopupMode(repeats ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
 }
 
 void frmMain::AddListbars()
@@ -109,14 +101,9 @@ void frmMain::listBarClicked(const QString& group, const QString& text)
             if (each.key == group && item.text == text) Route(item.command);
 }
 
-void frmMain::Route(const QString& id)
+frmMain::Handlers frmMain::handlers()
 {
-    using Handler = std::function<void(frmMain&)>;
-    static const QHash<QString, Handler> table{
-        {u"ID_Catalog_PCCD"_s, [](frmMain& m) { m.openCatalogue(Computer()); }},
-        {u"ID_QuickPCCatalog"_s, [](frmMain& m) { m.openCatalogue(Computer()); }},
-        {u"ID_Catalog_AddPCCD"_s, [](frmMain& m) { m.addDisc(Computer()); }},
-        {u"ID_QuickPCNewCD"_s, [](frmMain& m) { m.addDisc(Computer()); }},
+    Handlers table{
         {u"ID_AddCD"_s, [](frmMain& m) { m.repeatLastAdd(); }},
         {u"ID_Catalog_ChangeCategory"_s, [](frmMain& m) { m.changeCategory(); }},
         {u"ID_Quit"_s, [](frmMain& m) { m.close(); }},
@@ -124,6 +111,18 @@ void frmMain::Route(const QString& id)
         {u"ID_Drive_Insert"_s, [](frmMain& m) { m.cmdInsert(); }},
         {u"ID_Drive_Eject"_s, [](frmMain& m) { m.cmdEject(); }},
     };
+    for (const CatalogueCommands& own : CommandsOfCatalogues()) {
+        for (const QString& id : {own.open, own.quickOpen})
+            table[id] = [&kind = own.kind](frmMain& m) { m.openCatalogue(kind); };
+        for (const QString& id : {own.add, own.quickAdd})
+            table[id] = [&kind = own.kind](frmMain& m) { m.addAndRemember(kind); };
+    }
+    return table;
+}
+
+void frmMain::Route(const QString& id)
+{
+    static const Handlers table = handlers();
     if (const auto handler = table.find(id); handler != table.end()) (*handler)(*this);
 }
 
@@ -146,19 +145,32 @@ void frmMain::addDisc(const CatalogueKind& kind)
             openCatalogue(kind, program.shared.LastSavedNumber);
         else
             LoadData();
-        const size_t index = size_t(std::ranges::find(AllCatalogues(), &kind) - AllCatalogues().begin());
-        program.settings().write(u"Toolbars", u"LastAction", QString::number(index + 1));
-        enableCommands();
     });
+}
+
+void frmMain::addAndRemember(const CatalogueKind& kind)
+{
+    addDisc(kind);
+    program.settings().write(u"Toolbars", u"LastAction", QString::number(CatalogueIndex(kind) + 1));
 }
 
 void frmMain::repeatLastAdd()
 {
     const Profile settings = program.settings();
-    if (!settings.has(u"Toolbars", u"LastAction")) return addDisc(Audio());
-    const double last = settings.number(u"Toolbars", u"LastAction", 5);
-    for (size_t i = 0; i < addCommands.size(); ++i)
-        if (last == double(i + 1)) Route(addCommands[i]);
+    const bool remembered = settings.has(u"Toolbars", u"LastAction");
+    const double last = remembered ? settings.number(u"Toolbars", u"LastAction", 5) : 1;
+    for (const CatalogueCommands& own : CommandsOfCatalogues()) {
+        if (last != double(CatalogueIndex(own.kind) + 1)) continue;
+        if (!offers(own.kind.editor)) return offerAdds();
+        // What nobody has chosen is not remembered either.
+        return remembered ? Route(own.add) : addDisc(own.kind);
+    }
+}
+
+void frmMain::offerAdds()
+{
+    const QWidget* below = m_addButton->isVisible() ? static_cast<QWidget*>(m_addButton) : menuBar();
+    program.dialogs.Popup(*m_commands.menu(u"ID_Catalog_AddCD"), below->mapToGlobal(QPoint(0, below->height())));
 }
 
 void frmMain::changeCategory()
@@ -205,19 +217,28 @@ void frmMain::cmdEject()
 
 static QString droppedImage(const QMimeData* data)
 {
-    const QList<QUrl> urls = data->urls();
-    return urls.size() == 1 && urls[0].isLocalFile() ? urls[0].toLocalFile() : QString();
+    QStringList paths;
+    for (const QUrl& url : data->urls())
+        if (url.isLocalFile()) paths += url.toLocalFile();
+    return ImageAmong(paths);
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (LooksLikeImage(droppedImage(event->mimeData()))) event->acceptProposedAction();
+    if (!program.dialogs.modalIsOpen() && !droppedImage(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
 void frmMain::dropEvent(QDropEvent* event)
 {
+    const QString path = droppedImage(event->mimeData());
     event->acceptProposedAction();
-    insertImage(droppedImage(event->mimeData()));
+    // Read when the drop is over: the program that it came from waits for its end.
+    const auto read = [this, path] {
+        if (path.isEmpty() || program.dialogs.modalIsOpen()) return;
+        activateWindow();
+        insertImage(path);
+    };
+    QMetaObject::invokeMethod(this, read, Qt::QueuedConnection);
 }
 
 void frmMain::ShowFileList(Form& opener, const ListRequest& request) { ::ShowFileList(program, opener, request); }

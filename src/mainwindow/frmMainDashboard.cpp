@@ -3,8 +3,6 @@
 
 #include "frame/Settings.h"
 #include "frame/Text.h"
-#include "recognition/DiscIdentity.h"
-#include "recognition/DiscImages.h"
 #include "store/DatabaseSet.h"
 
 void frmMain::LoadData()
@@ -74,7 +72,11 @@ void frmMain::tmrCheckCD_Timer()
     // The watch guards itself: it may ask only where no routine is under way.
     if (m_watch.tick()) startBlinking();
     paintSigns();
-    showDrive();
+    const auto& seen = m_watch.glance();
+    if (seen && seen->drive && seen->drive->root() == ID_DB_DefaultCDDVDROM->currentText())
+        showDrive(*seen, seen->drive->root());
+    else
+        showDrive();
 }
 
 void frmMain::startBlinking()
@@ -94,6 +96,8 @@ void frmMain::tmrNewCD_Timer()
 void frmMain::paintSigns()
 {
     const DriveSigns& signs = m_watch.signs();
+    if (signs == m_painted) return;
+    m_painted = signs;
     for (size_t i = 0; i < signs.catalogues.size(); ++i)
         m_dashboard->cards()[i]->showSign(signs.catalogues[i], offers(u"frmSelectCD"));
     switch (signs.state) {
@@ -112,22 +116,19 @@ void frmMain::tmrTime_Timer()
 
 void frmMain::LoadDefaultCD()
 {
-    m_fillingDrives = true;
     ID_DB_DefaultCDDVDROM->clear();
     for (Drive* drive : program.drives.all()) {
         ID_DB_DefaultCDDVDROM->addItem(drive->root());
         ID_DB_DefaultCDDVDROM->setItemData(ID_DB_DefaultCDDVDROM->count() - 1, drive->description(), Qt::ToolTipRole);
     }
     ID_DB_DefaultCDDVDROM->setEnabled(ID_DB_DefaultCDDVDROM->count() > 0);
-    const QString stored = program.settings().read(u"Option", u"Drive", 4).trimmed().left(3);
-    ID_DB_DefaultCDDVDROM->setCurrentIndex(qMax(0, ID_DB_DefaultCDDVDROM->findText(stored)));
-    m_fillingDrives = false;
+    const int stored = ID_DB_DefaultCDDVDROM->findText(DefaultDrive(program).left(3), Qt::MatchFixedString);
+    ID_DB_DefaultCDDVDROM->setCurrentIndex(qMax(0, stored));
     showDrive();
 }
 
 void frmMain::defaultDriveChanged()
 {
-    if (m_fillingDrives) return;
     Guarded("frmMain, ID_DB_DefaultCDDVDROM_Change()"_L1, [&] {
         ResetDiscSigns();
         program.settings().write(u"Option", u"Drive", ID_DB_DefaultCDDVDROM->currentText());
@@ -138,13 +139,19 @@ void frmMain::defaultDriveChanged()
 
 void frmMain::showDrive()
 {
-    Drive* drive = program.drives.find(ID_DB_DefaultCDDVDROM->currentText());
-    QString caption;
-    if (drive && drive->lastKnown().success) {
-        const VolumeProperties volume = drive->lastKnown();
-        const QString word = KindOfVolume(volume, ReadSkipCD(program, SerialToID(volume.serial)));
-        if (const CatalogueKind* kind = CatalogueByKindWord(word)) caption = kind->mediumCaption;
+    showDrive(GlanceAt(program, ID_DB_DefaultCDDVDROM->currentText()), DefaultDrive(program).left(3));
+}
+
+void frmMain::showDrive(const DriveGlance& seen, const QString& chosen)
+{
+    const QString image = program.drives.virtualDrive().imagePath();
+    DriveSight sight{.root = {}, .chosen = chosen, .description = {}, .image = {}, .volume = seen.volume, .kind = {}};
+    if (seen.drive) {
+        sight.root = seen.drive->root();
+        sight.description = seen.drive->description();
+        if (seen.drive->isVirtual()) sight.image = image;
     }
-    m_dashboard->drive().show(drive, caption);
-    m_commands.action(u"ID_Drive_Eject")->setEnabled(!program.drives.virtualDrive().imagePath().isEmpty());
+    if (const CatalogueKind* kind = CatalogueByKindWord(seen.disc.kind)) sight.kind = kind->mediumCaption;
+    m_dashboard->drive().show(sight);
+    m_commands.action(u"ID_Drive_Eject")->setEnabled(!image.isEmpty());
 }

@@ -1,5 +1,6 @@
 #include "mainwindow/frmSplashMain.h"
 
+#include "frame/Version.h"
 #include "platform/Literals.h"
 #include "ui/Icons.h"
 #include "ui/Theme.h"
@@ -41,16 +42,3 @@ frmSplashMain::frmSplashMain(const QString& version) : QSplashScreen(picture(ver
 {
     setObjectName(u"frmSplashMain"_s);
 }
-
-void frmSplashMain::showNow()
-{
-    show();
-    repaint();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
-
-static QString part(const QString& version, int index) { return version.section(u'.', index, index); }
-
-QString ProgramTitle(const QString& version) { return u"vinora %1.%2"_s.arg(part(version, 0), part(version, 1)); }
-
-QString VersionLine(const QString& version) { return ProgramTitle(version) + u" build "_s + part(version, 2); }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/ShowNow.h"
+
 #include <QSplashScreen>
 
 /// Shown from the first moment until the main window stands.
@@ -7,10 +9,5 @@ class frmSplashMain : public QSplashScreen {
 public:
     /// `version` is "1.0.0": major, minor, revision.
     explicit frmSplashMain(const QString& version);
-    void showNow();
+    void showNow() { ShowNow(*this); }
 };
-
-/// "vinora 1.0 build 0"
-QString VersionLine(const QString& version);
-/// "vinora 1.0"
-QString ProgramTitle(const QString& version);

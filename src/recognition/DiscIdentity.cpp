@@ -65,10 +65,13 @@ QString GetDiskIDcheck(Program& program, const QString& drive) { return ReadDisc
 
 QString GetDiskID(Program& program, const QString& drive) { return ReadDisc(program, drive).id; }
 
-DiscInDrive PeekDisc(const Program& program, const QString& drive)
+DriveGlance GlanceAt(const Program& program, const QString& drive)
 {
-    Drive* place = program.drives.find(drive);
-    return place ? identify(program, place->lastKnown()) : DiscInDrive();
+    DriveGlance glance{.drive = program.drives.find(drive), .volume = {}, .disc = {}};
+    if (!glance.drive) return glance;
+    glance.volume = glance.drive->lastKnown();
+    glance.disc = identify(program, glance.volume);
+    return glance;
 }
 
 QString AskCategory(Program& program, const QString& id)

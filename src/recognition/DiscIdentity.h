@@ -27,9 +27,13 @@ DiscInDrive ReadDisc(Program& program, const QString& drive);
 QString GetDiskIDcheck(Program& program, const QString& drive);
 QString GetDiskID(Program& program, const QString& drive);
 
-/// Last known answer of the drive, for the watch: under 1 ms, and nobody is asked, so the kind may be UndecidedKind (the
-/// identifier is known then too).
-DiscInDrive PeekDisc(const Program& program, const QString& drive);
+/// A look at a drive that touches no medium and asks nobody: under 1 ms.
+struct DriveGlance {
+    Drive* drive = nullptr; ///< null when there is no such drive
+    VolumeProperties volume;
+    DiscInDrive disc; ///< the kind may be UndecidedKind; the identifier is known then too
+};
+DriveGlance GlanceAt(const Program& program, const QString& drive);
 
 /// Asks the user which category the disc belongs to and stores the answer in skipcd.ini. Kind word, empty for none.
 QString AskCategory(Program& program, const QString& id);

@@ -7,6 +7,10 @@
 namespace {
 constexpr QStringView section = u"Drives";
 constexpr QStringView imageKey = u"Image";
+
+/// Sheets, which name the files of an image, and images.
+const QStringList sheetSuffixes{u"cue"_s, u"toc"_s};
+const QStringList imageSuffixes{u"iso"_s, u"udf"_s, u"nrg"_s, u"bin"_s, u"img"_s};
 }
 
 void InsertImage(Program& program, const QString& path)
@@ -14,7 +18,7 @@ void InsertImage(Program& program, const QString& path)
     VirtualDrive& drive = program.drives.virtualDrive();
     drive.insert(path);
     const Profile settings = program.settings();
-    settings.write(section, imageKey, EncodePath(path));
+    settings.write(section, imageKey, EncodePath(drive.imagePath()));
     settings.write(u"Option", u"Drive", drive.root());
     if (!settings.has(u"Option", u"CheckCD")) settings.write(u"Option", u"CheckCD", u"1"_s);
 }
@@ -33,12 +37,14 @@ void RestoreImage(Program& program)
 
 QString ImageFilter()
 {
-    return u"Образы дисков (*.iso;*.udf;*.cue;*.toc;*.nrg;*.bin;*.img)|*.iso;*.udf;*.cue;*.toc;*.nrg;*.bin;*.img|"
-           u"Все файлы (*.*)|*.*"_s;
+    const QString patterns = u"*."_s + (sheetSuffixes + imageSuffixes).join(u";*.");
+    return u"Образы дисков (%1)|%1|Все файлы (*.*)|*.*"_s.arg(patterns);
 }
 
-bool LooksLikeImage(const QString& path)
+QString ImageAmong(const QStringList& paths)
 {
-    static const QStringList suffixes{u"iso"_s, u"udf"_s, u"cue"_s, u"toc"_s, u"nrg"_s, u"bin"_s, u"img"_s};
-    return suffixes.contains(QFileInfo(path).suffix().toLower());
+    for (const QStringList& suffixes : {sheetSuffixes, imageSuffixes})
+        for (const QString& path : paths)
+            if (suffixes.contains(QFileInfo(path).suffix().toLower())) return path;
+    return {};
 }

@@ -13,5 +13,6 @@ void RestoreImage(Program& program);
 
 /// What the choosers of images offer, as Dialogs::OpenFile takes it.
 QString ImageFilter();
-/// Whether a file's name says that it is an image; for what is dropped on the window.
-bool LooksLikeImage(const QString& path);
+/// Of files that were dropped together the one that is the image, by their names: a sheet, which tells what the others
+/// are, else the first image. Empty without one.
+QString ImageAmong(const QStringList& paths);

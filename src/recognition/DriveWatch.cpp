@@ -3,7 +3,6 @@
 #include "frame/Fault.h"
 #include "frame/Settings.h"
 #include "recognition/BoundDisc.h"
-#include "recognition/DiscIdentity.h"
 
 #include <QApplication>
 #include <QScopedValueRollback>
@@ -22,7 +21,9 @@ DriveWatch::DriveWatch(Program& program) : m_program(program) { resetSigns(); }
 
 bool DriveWatch::tick()
 {
-    if (m_ticking || m_program.shared.DriveWatchPaused) return false;
+    if (m_ticking) return false;
+    m_glance.reset();
+    if (m_program.shared.DriveWatchPaused) return false;
     const QScopedValueRollback ticking(m_ticking, true);
     const bool mayAsk = m_program.routines == 0 && !m_program.dialogs.modalIsOpen() &&
                         !QApplication::activePopupWidget();
@@ -36,7 +37,8 @@ bool DriveWatch::tick()
 
 bool DriveWatch::look(const QString& drive, bool mayAsk)
 {
-    DiscInDrive disc = PeekDisc(m_program, drive);
+    m_glance = GlanceAt(m_program, drive);
+    DiscInDrive disc = m_glance->disc;
     if (disc.kind == UndecidedKind) {
         m_last.clear();
         resetSigns();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/Program.h"
+#include "recognition/DiscIdentity.h"
 #include "store/CatalogueKind.h"
 
 /// What the main window shows of the disc in the drive beside one catalogue: a picture and a label that blink together,
@@ -34,6 +34,8 @@ public:
     explicit DriveWatch(Program& program);
 
     const DriveSigns& signs() const { return m_signs; }
+    /// What the last tick saw in the drive of the settings; nothing when it did not look.
+    const std::optional<DriveGlance>& glance() const { return m_glance; }
 
     /// One tick (`tmrCheckCD`). True when a disc was handled that blinks from now on, so `tmrNewCD` is to run. A disc
     /// whose category only the user can tell is asked about when nothing modal is open and no guarded routine is under
@@ -52,6 +54,7 @@ private:
 
     Program& m_program;
     DriveSigns m_signs;
+    std::optional<DriveGlance> m_glance;
     QString m_last; ///< LastDriveDiscID: identifier of the disc already dealt with
     bool m_ticking = false;
 };

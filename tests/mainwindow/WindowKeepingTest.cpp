@@ -46,7 +46,20 @@ TEST_F(WindowKeeping, AMaximisedWindowKeepsTheNormalPlaceOfTheRunBefore)
     EXPECT_EQ(back.height(), 200) << "a key that is missing leaves what was designed";
 }
 
-TEST_F(WindowKeeping, ALayoutFileThatIsCutAnywhereCountsAsMissing)
+TEST_F(WindowKeeping, NumbersBeyondAnyScreenAreBounded)
+{
+    settings.write(u"Window", u"Left", u"-6000"_s);
+    settings.write(u"Window", u"Top", u"99999999999999"_s);
+    settings.write(u"Window", u"Width", u"88888888888888"_s);
+    settings.write(u"Window", u"State", u"99999999999999"_s);
+    QWidget back;
+    LoadWinPos(back, settings);
+    EXPECT_EQ(back.pos(), QPoint(-400, 32767)) << "off the screen stays off the screen";
+    EXPECT_EQ(back.width(), 32767);
+    EXPECT_EQ(back.windowState(), Qt::WindowNoState);
+}
+
+TEST_F(WindowKeeping, ALayoutFileThatIsCutOrDamagedAnywhereCountsAsMissing)
 {
     const QString path = folder.filePath(u"vinora.atb"_s);
     EXPECT_FALSE(LoadToolbarLayout(path));
@@ -63,6 +76,15 @@ TEST_F(WindowKeeping, ALayoutFileThatIsCutAnywhereCountsAsMissing)
         cut.write(whole.first(length));
         cut.close();
         EXPECT_FALSE(LoadToolbarLayout(path)) << length;
+    }
+    for (qsizetype at = 0; at < whole.size(); ++at) {
+        QByteArray damaged = whole;
+        damaged[at] = char(~damaged[at]);
+        QFile changed(path);
+        ASSERT_TRUE(changed.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        changed.write(damaged);
+        changed.close();
+        EXPECT_FALSE(LoadToolbarLayout(path)) << at;
     }
 }
 

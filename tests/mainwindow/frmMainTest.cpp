@@ -1,41 +1,8 @@
-#include "mainwindow/frmMain.h"
-#include "harness/ScreenTest.h"
+#include "mainwindow/MainWindowTest.h"
+#include "ui/ListBar.h"
 
 #include <QFile>
-#include <QMimeData>
 #include <QToolBar>
-#include <QToolButton>
-
-class MainWindow : public ScreenTest {
-protected:
-    MainWindow() { drives.v.images[u"/images/zima.iso"_s] = FakeDisc::data(u"ZIMA"_s, 0x1A2B3C4D); }
-
-    template<class Body> void walk(const Body& body)
-    {
-        play(
-            [&] {
-                frmMain window(program);
-                window.Load();
-                runner.show(window);
-            },
-            body);
-    }
-    QToolButton::ToolButtonPopupMode addButtonPopup()
-    {
-        for (QToolButton* button : control<QToolBar>("Каталоги").findChildren<QToolButton*>())
-            if (button->defaultAction() && button->defaultAction()->objectName() == u"ID_AddCD")
-                return button->popupMode();
-        ADD_FAILURE() << "there is no button to add a disc";
-        return {};
-    }
-    void putIn() { drives.v.insert(u"/images/zima.iso"_s); }
-    void watch()
-    {
-        setOption(u"Drive"_s, u"V:\\"_s);
-        setOption(u"CheckCD"_s, u"1"_s);
-        setOption(u"tmrCD"_s, u"1"_s); // a steady sign
-    }
-};
 
 TEST_F(MainWindow, AnEmptyShelfShowsZerosAndOnlyWhatIsThereIsEnabled)
 {
@@ -87,82 +54,15 @@ TEST_F(MainWindow, CountsDiscsLoansAndOverdueOnes)
     });
 }
 
-TEST_F(MainWindow, AnImagePutInIsSeenAndWatchedFromThenOn)
-{
-    drives.add(u'D');
-    walk([&]() -> Script {
-        EXPECT_EQ(shown("ID_DB_DefaultCDDVDROM"), u"D:\\"_s);
-        EXPECT_FALSE(commandEnabled("ID_Drive_Eject"));
-        expectOpenFile("Вставить образ диска", "/images/gone.iso");
-        expectBox("Образ не вставлен.\r\n\r\nПапка файла '/images/gone.iso' не найдена.", 48);
-        co_await trigger("ID_Drive_Insert");
-        EXPECT_EQ(option(u"CheckCD"_s), QString());
-
-        expectOpenFile("Вставить образ диска", "/images/zima.iso");
-        co_await trigger("ID_Drive_Insert");
-        EXPECT_EQ(shown("ID_DB_DefaultCDDVDROM"), u"V:\\"_s);
-        EXPECT_EQ(option(u"Drive"_s), u"V:\\"_s);
-        EXPECT_EQ(option(u"CheckCD"_s), u"1"_s);
-        EXPECT_TRUE(shown("lblDriveMedium").contains(u"«ZIMA»"_s));
-        co_await advance(500);
-        EXPECT_TRUE(visible("lblNewPC"));
-        EXPECT_EQ(shown("lblNewPC"), u"Диск (?)\nне привязан не к одному номеру в каталоге"_s);
-        EXPECT_FALSE(visible("lblNewDVD"));
-        EXPECT_FALSE(visible("lblSharePC")) << "discs cannot be bound yet";
-
-        co_await trigger("ID_Drive_Eject");
-        co_await advance(1000);
-        EXPECT_FALSE(visible("lblNewPC"));
-        EXPECT_TRUE(shown("lblDriveMedium").startsWith(u"Диска нет"_s));
-        setOption(u"CheckCD"_s, u"0"_s);
-        expectOpenFile("Вставить образ диска", "/images/zima.iso");
-        co_await trigger("ID_Drive_Insert");
-        EXPECT_EQ(option(u"CheckCD"_s), u"0"_s) << "what the user decided stays";
-        co_await advance(2000);
-        EXPECT_FALSE(visible("lblNewPC"));
-    });
-}
-
-TEST_F(MainWindow, TheImageStaysInTheDriveOverARestart)
-{
-    walk([&]() -> Script {
-        expectOpenFile("Вставить образ диска", "/images/zima.iso");
-        co_await trigger("ID_Drive_Insert");
-    });
-    drives.v.eject();
-    walk([&]() -> Script {
-        EXPECT_EQ(drives.v.imagePath(), u"/images/zima.iso"_s);
-        EXPECT_TRUE(commandEnabled("ID_Drive_Eject"));
-        co_await trigger("ID_Drive_Eject");
-    });
-    walk([&]() -> Script {
-        EXPECT_EQ(drives.v.imagePath(), QString());
-        co_return;
-    });
-}
-
-TEST_F(MainWindow, AKnownDiscIsNamedOnItsCard)
-{
-    shelf.computer(12, "Debian").discs(3).bound(2, "1A2B3C4D");
-    putIn();
-    watch();
-    walk([&]() -> Script {
-        co_await advance(1000);
-        EXPECT_TRUE(visible("lblNewPC"));
-        EXPECT_EQ(shown("lblNewPC"), u"Диск № 12 (CD2):\nDebian"_s);
-        co_await picture("known-disc");
-        drives.v.medium.reset();
-        co_await advance(1000);
-        EXPECT_FALSE(visible("lblNewPC"));
-        EXPECT_EQ(hint("StatusBar_3"), u"Диска в устройстве нет"_s);
-    });
-}
-
 TEST_F(MainWindow, AddingOpensTheCatalogueOnTheNewDiscAndIsRemembered)
 {
     shelf.computer(1, "Debian");
     walk([&]() -> Script {
-        EXPECT_EQ(addButtonPopup(), QToolButton::InstantPopup);
+        expectPopup("ID_Catalog_AddCD", "");
+        co_await trigger("ID_View_Toolbars_Catalog");
+        co_await key(Qt::Key_N, Qt::ControlModifier);
+        EXPECT_EQ(program.settings().read(u"Toolbars", u"LastAction"), QString());
+
         expectForm("frmAddCD");
         co_await click("cmd_ID_Catalog_AddPCCD");
         EXPECT_EQ(shown("txtNumber"), u"2"_s);
@@ -178,7 +78,7 @@ TEST_F(MainWindow, AddingOpensTheCatalogueOnTheNewDiscAndIsRemembered)
         EXPECT_EQ(program.settings().read(u"Toolbars", u"LastAction"), u"2"_s);
 
         expectForm("frmAddCD");
-        co_await trigger("ID_AddCD");
+        co_await key(Qt::Key_N, Qt::ControlModifier);
         co_await key(Qt::Key_Escape);
         program.settings().write(u"Toolbars", u"LastAction", u"9"_s);
         co_await trigger("ID_AddCD");
@@ -193,6 +93,7 @@ TEST_F(MainWindow, LeavesOnlyAfterAQuestionAndKeepsItsLooks)
         EXPECT_FALSE(visible("SSListBar"));
         co_await trigger("ID_View_Toolbars_Due");
         EXPECT_FALSE(visible("Должники"));
+        control<ListBar>("SSListBar").setFoldedGroups({u"g2"_s, u"g4"_s});
         expectBox("Вы действительно хотите выйти из программы?", 36, Answer::No);
         co_await trigger("ID_Quit");
         EXPECT_EQ(windowName(), u"frmMain"_s);
@@ -209,6 +110,9 @@ TEST_F(MainWindow, LeavesOnlyAfterAQuestionAndKeepsItsLooks)
     walk([&]() -> Script {
         EXPECT_FALSE(visible("SSListBar"));
         EXPECT_FALSE(visible("Должники"));
+        EXPECT_FALSE(ticked(u"ID_View_Toolbars_Due"_s));
+        EXPECT_TRUE(ticked(u"ID_View_Toolbars_DB"_s));
+        EXPECT_EQ(control<ListBar>("SSListBar").foldedGroups(), QStringList({u"g2"_s, u"g4"_s}));
         expectEnd();
         co_await closeForm();
     });
@@ -217,21 +121,47 @@ TEST_F(MainWindow, LeavesOnlyAfterAQuestionAndKeepsItsLooks)
     EXPECT_EQ(rows(u"SELECT COUNT(*) FROM Стиль"_s), u"31\n"_s) << "the compacted database is the same";
 }
 
-TEST_F(MainWindow, TheCorrectionOfACategoryLooksAtTheDiscAnew)
+TEST_F(MainWindow, CatalogueOpensFromItsLogoAndFromTheListBar)
 {
-    putIn();
-    watch();
+    shelf.computer(1, "Debian");
     walk([&]() -> Script {
-        const QString question =
-            "Используйте эту функцию для корректировки принадлежности диска к какой-либо категории "
-            "при невозможности определить ее верно в автоматическом режиме! Продолжить?";
-        expectBox(question, 36);
-        expectForm("frmSelectCategory");
-        co_await trigger("ID_Catalog_ChangeCategory");
-        co_await check("optDVD", true);
+        expectPopup("ID_QuickPC", "ID_QuickPCCatalog");
+        expectForm("frmCataloguePCCD");
+        co_await click("imgLogoPCCD");
+        co_await key(Qt::Key_Escape);
+        expectPopup("ID_QuickPC", "ID_QuickPCNewCD");
+        expectForm("frmAddCD");
+        co_await focusOn("imgLogoPCCD");
         co_await key(Qt::Key_Return);
-        co_await advance(1000);
-        EXPECT_TRUE(visible("lblNewDVD"));
-        EXPECT_FALSE(visible("lblNewPC"));
+        co_await key(Qt::Key_Escape);
+        expectPopup("ID_QuickAD", "");
+        co_await click("imgLogoAD");
+        expectForm("frmCataloguePCCD");
+        co_await click("Компьютерные диски");
+        co_await key(Qt::Key_Escape);
+    });
+}
+
+TEST_F(MainWindow, PanelAndToolbarsGoAndComeButTheDriveSelectorStays)
+{
+    const auto toolbar = [&](const QString& name) { return runner.window().findChild<QToolBar*>(name); };
+    walk([&]() -> Script {
+        for (const char* way : {"imgShowHideoListbar", "lblShowHideoListbar"}) {
+            EXPECT_EQ(shown("lblShowHideoListbar"), u"Скрыть панель"_s);
+            co_await click(way);
+            EXPECT_FALSE(visible("SSListBar")) << way;
+            EXPECT_FALSE(ticked(u"ID_Panel"_s)) << way;
+            EXPECT_EQ(shown("lblShowHideoListbar"), u"Показать панель"_s);
+            co_await click(way);
+            EXPECT_TRUE(visible("SSListBar")) << way;
+        }
+        expectPopup("ID_View_Toolbars", "ID_View_Toolbars_DB");
+        co_await rightClick("Устройство");
+        EXPECT_FALSE(toolbar(u"База данных"_s)->isVisible());
+        EXPECT_TRUE(toolbar(u"Устройство"_s)->isVisible());
+        toolbar(u"Каталоги"_s)->hide();
+        expectPopup("ID_View_Toolbars", "");
+        co_await rightClick("Устройство");
+        EXPECT_FALSE(ticked(u"ID_View_Toolbars_Catalog"_s)) << "the ticks tell what is in sight";
     });
 }
