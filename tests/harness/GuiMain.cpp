@@ -1,6 +1,7 @@
 #include "frame/Program.h"
 #include "harness/QuickFolder.h"
 #include "harness/Script.h"
+#include "ui/Theme.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -63,6 +64,8 @@ int main(int argc, char** argv)
     QLocale::setDefault(QLocale(QLocale::Russian, QLocale::Russia));
     TestApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    if (qEnvironmentVariableIsSet("VINORA_PICTURES"))
+        Theme::apply(application, qEnvironmentVariable("VINORA_SCHEME", u"light"_s));
     QTranslator translator;
     if (translator.load(QLocale(), u"qtbase"_s, u"_"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&translator);
