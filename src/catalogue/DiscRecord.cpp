@@ -25,16 +25,6 @@ std::optional<DiscRecord> ReadDisc(const Database& main, const CatalogueKind& ki
     return record;
 }
 
-std::array<QString, 6> ListsOfDisc(const Database& main, const CatalogueKind& kind, qint64 key)
-{
-    std::array<QString, 6> lists;
-    if (kind.lists == DiscLists::None) return lists;
-    const Recordset row = main.OpenRecordset(selectRow(kind), {key});
-    if (row.RecordCount() == 0) return lists;
-    for (int k = 1; k <= 6; ++k) lists[std::size_t(k - 1)] = row.value(CatalogueKind::listField(k)).text();
-    return lists;
-}
-
 qint64 FindOrAddName(const Database& main, const DictionaryKind& dictionary, const QString& name)
 {
     Recordset names = main.OpenRecordset(dictionary.table);

@@ -4,7 +4,6 @@
 #include "store/CatalogueKind.h"
 
 #include <QHash>
-#include <array>
 #include <optional>
 
 /// A row of a catalogue as the editor knows it.
@@ -20,9 +19,6 @@ struct DiscRecord {
 
 /// Nothing when the row is gone, or its dictionary entry.
 std::optional<DiscRecord> ReadDisc(const Database& main, const CatalogueKind& kind, qint64 key);
-
-/// Names of the lists of disc 1 to 6 of a row, empty where there is none. All empty for a catalogue without lists.
-std::array<QString, 6> ListsOfDisc(const Database& main, const CatalogueKind& kind, qint64 key);
 
 /// The code of a name in the dictionary; a new name is added to it. Names compare without regard to case.
 qint64 FindOrAddName(const Database& main, const DictionaryKind& dictionary, const QString& name);

@@ -1,7 +1,6 @@
 #include "catalogue/DiscRemoval.h"
 
 #include "catalogue/Covers.h"
-#include "catalogue/DiscRecord.h"
 #include "store/DiscTables.h"
 #include "store/Updates.h"
 

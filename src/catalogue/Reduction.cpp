@@ -1,6 +1,5 @@
 #include "catalogue/Reduction.h"
 
-#include "catalogue/DiscRecord.h"
 #include "store/DiscTables.h"
 
 bool LosesLists(const Database& main, const CatalogueKind& kind, const Reduction& reduction)

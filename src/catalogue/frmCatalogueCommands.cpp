@@ -1,5 +1,4 @@
 #include "catalogue/Catalogues.h"
-#include "catalogue/DiscRecord.h"
 #include "catalogue/DiscRemoval.h"
 #include "catalogue/LoanMark.h"
 #include "catalogue/frmAddCD.h"
@@ -74,10 +73,7 @@ void frmCatalogue::cmdDue()
 void frmCatalogue::showList()
 {
     Routine(QLatin1StringView(kind.listCommand.toLatin1()), [&] {
-        const qint64 key = currentKey();
-        program.shared.DiscIDSlots = ListsOfDisc(program.mainDatabase(), kind, key);
-        program.shared.CurrentDiscID = program.shared.DiscIDSlots[0];
-        const ListRequest request{.key = key,
+        const ListRequest request{.key = currentKey(),
                                   .number = currentNumber(),
                                   .title = dcDatabase->value(u"Название").text(),
                                   .album = kind.album ? dcDatabase->value(u"Альбом").text() : QString(),

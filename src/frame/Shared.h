@@ -32,8 +32,8 @@ struct Shared {
     QString PickedDisc;      ///< "number:disc" of the picker; cleared by who asked for it
 
     QString CurrentDiscID; ///< last identifier read for a command, or of the list at hand
-    /// Names of the lists of disc 1 to 6 of the record at hand: filled by cmdFiles and cmdTracks, kept by what makes and
-    /// deletes lists.
+    /// Names of the lists of disc 1 to 6 of the record at hand: filled by the screen of lists that opens on it, kept by
+    /// what makes and deletes lists.
     std::array<QString, 6> DiscIDSlots;
 
     bool CDDBUpdateRow = false; ///< hand-over to the CDDB dialog; set and cleared by its openers

@@ -324,8 +324,6 @@ TEST_F(Catalogue, ListsOfTheSetGoToTheFileBrowser)
     run<frmCataloguePCCD>([&]() -> Script {
         co_await click("imgButton_6");
         EXPECT_EQ(screens.opened, QStringList("ShowFileList 4 \"Набор\" disc 1 of 3"));
-        EXPECT_EQ(program.shared.CurrentDiscID, "AAAA");
-        EXPECT_EQ(program.shared.DiscIDSlots, (std::array<QString, 6>{"AAAA", "", "CCCC", "", "", ""}));
         co_await doubleClick("DBGrid", "Набор");
         EXPECT_EQ(screens.opened.size(), 2);
 
