@@ -128,7 +128,8 @@ int main(int argc, char** argv)
         program.shared.CurrentDiscID = id;
         CreateLinkDiskID(main, {request.key, 1}, id, false);
         const Pauses watched;
-        scans += timed([&] { frmFileListCreate(program, drive, {}).ShowModal(); });
+        scans += timed(
+            [&] { frmFileListCreate(program, drives->virtualDrive(), drives->virtualDrive().disc(), {}).ShowModal(); });
         pauses += watched.longest();
     }
     std::printf("%-32s %s\n", "memory after", peakMemory().constData());

@@ -4,11 +4,16 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
+#include <QStorageInfo>
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -81,7 +86,7 @@ QString SafeFileName(const QString& name)
 DiscCopy::DiscCopy(std::shared_ptr<Disc> disc, const DiscFile& file, const QString& id)
     : m_disc(std::move(disc)), m_file(file)
 {
-    const QString key = id + file.folder + u'\\' + file.name;
+    const QString key = id + file.folder + u'\\' + file.name + u'\\' + QString::number(file.size);
     const QString process = copiesOf(getpid());
     const QString folder = process + u'/' +
                            QString::fromLatin1(
@@ -90,19 +95,24 @@ DiscCopy::DiscCopy(std::shared_ptr<Disc> disc, const DiscFile& file, const QStri
     makePrivateFolder(process);
     makePrivateFolder(folder);
     m_path = folder + u'/' + SafeFileName(file.name);
-    if (QFile::exists(m_path)) {
-        m_copied = m_file.size;
+    if (const QFileInfo made(m_path); made.exists() && made.size() == file.size) {
+        m_copied = file.size;
         m_complete = true;
         return;
     }
-    m_part.setFileName(folder + u"/.part"_s);
-    if (!m_part.open(QIODevice::WriteOnly | QIODevice::Truncate)) throw FileError(errno, m_part.fileName());
-    if (m_file.size == 0) finish();
+    if (const QStorageInfo storage(folder); storage.isValid() && storage.bytesAvailable() < file.size)
+        throw FileError(ENOSPC, m_path);
+    m_partPath = QFile::encodeName(folder + u"/.part"_s);
+    ::unlink(m_partPath.constData());
+    m_part = ::open(m_partPath.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0400);
+    if (m_part < 0) throw FileError(errno, m_path);
+    if (file.size == 0) finish();
 }
 
 DiscCopy::~DiscCopy()
 {
-    if (!m_complete) m_part.remove();
+    if (m_part >= 0) ::close(m_part);
+    if (!m_complete) ::unlink(m_partPath.constData());
 }
 
 void DiscCopy::step()
@@ -111,17 +121,20 @@ void DiscCopy::step()
     const QByteArray bytes = m_disc->read(m_file.folder, m_file.name, m_copied,
                                           std::min(Piece, m_file.size - m_copied));
     if (bytes.isEmpty()) throw DiscError(u"Файл «%1» на диске обрывается."_s.arg(m_file.name));
-    if (m_part.write(bytes) != bytes.size()) throw FileError(errno, m_path);
+    for (qsizetype written = 0; written < bytes.size();) {
+        const ssize_t count = ::write(m_part, bytes.constData() + written, size_t(bytes.size() - written));
+        if (count < 0 && errno != EINTR) throw FileError(errno, m_path);
+        if (count > 0) written += count;
+    }
     m_copied += bytes.size();
     if (m_copied >= m_file.size) finish();
 }
 
+/// A network folder may tell of a failed write only when the file is closed.
 void DiscCopy::finish()
 {
-    if (!m_part.flush()) throw FileError(errno, m_path);
-    m_part.close();
-    m_part.setPermissions(QFile::ReadOwner);
-    if (!m_part.rename(m_path)) throw FileError(errno, m_path);
+    if (::close(std::exchange(m_part, -1)) != 0) throw FileError(errno, m_path);
+    if (::rename(m_partPath.constData(), QFile::encodeName(m_path).constData()) != 0) throw FileError(errno, m_path);
     m_complete = true;
 }
 
@@ -132,7 +145,8 @@ void RemoveStaleDiscCopies()
     const QDir root(copiesRoot());
     for (const QString& folder : root.entryList({u"disc-*"_s}, QDir::Dirs | QDir::NoDotAndDotDot)) {
         const qint64 process = folder.mid(5).toLongLong();
-        if (process > 0 && !QFileInfo::exists(u"/proc/%1"_s.arg(process)))
+        // Numbers come again: what lies under that of this process is of another one.
+        if (process > 0 && (process == getpid() || !QFileInfo::exists(u"/proc/%1"_s.arg(process))))
             QDir(root.filePath(folder)).removeRecursively();
     }
 }

@@ -2,7 +2,6 @@
 
 #include "platform/disc/Disc.h"
 
-#include <QFile>
 #include <optional>
 
 /// A file of a medium under its true names.
@@ -27,7 +26,7 @@ QString SafeFileName(const QString& name);
 class DiscCopy {
 public:
     /// `id` tells media apart: the same file of the same medium has the same copy, which is made once.
-    /// Throws FileError when it cannot be made.
+    /// Throws FileError when it cannot be made, also when there is no room for the whole.
     DiscCopy(std::shared_ptr<Disc> disc, const DiscFile& file, const QString& id);
     /// A copy that is not complete is removed.
     ~DiscCopy();
@@ -48,7 +47,8 @@ private:
     std::shared_ptr<Disc> m_disc;
     DiscFile m_file;
     QString m_path;
-    QFile m_part;
+    QByteArray m_partPath;
+    int m_part = -1; ///< descriptor
     qint64 m_copied = 0;
     bool m_complete = false;
 };

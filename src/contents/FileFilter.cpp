@@ -4,16 +4,6 @@
 
 #include <algorithm>
 
-QStringList FullArrayFileFiltr(const Database& files, const QString& table)
-{
-    const Recordset used = files.OpenRecordset(u"SELECT Файл FROM [%1] WHERE Use = True"_s.arg(table));
-    if (used.RecordCount() > MaximumFilterEntries)
-        throw RuntimeError(9, u"В таблице «%1» отмечено больше %2 файлов."_s.arg(table).arg(MaximumFilterEntries));
-    QStringList entries;
-    for (int i = 0; i < used.RecordCount(); ++i) entries += used.row(i).first().text();
-    return entries;
-}
-
 FileFilter::FileFilter(const QStringList& entries, bool wanted) : m_wanted(wanted)
 {
     for (const QString& entry : entries) {
@@ -30,7 +20,19 @@ bool FileFilter::FindFileInFiltr(const QString& name) const
     return found != m_wanted;
 }
 
-FilterTable::FilterTable(const Database& files, bool wanted) : m_files(files), m_table(FilterTableName(wanted)) {}
+FilterTable::FilterTable(const Database& files, bool wanted)
+    : m_files(files), m_table(wanted ? u"Фильтр2"_s : u"Фильтр1"_s)
+{}
+
+QStringList FilterTable::FullArrayFileFiltr() const
+{
+    const Recordset used = m_files.OpenRecordset(u"SELECT Файл FROM %1 WHERE Use = True"_s.arg(m_table));
+    if (used.RecordCount() > MaximumFilterEntries)
+        throw RuntimeError(9, u"В таблице «%1» отмечено больше %2 файлов."_s.arg(m_table).arg(MaximumFilterEntries));
+    QStringList texts;
+    for (int i = 0; i < used.RecordCount(); ++i) texts += used.row(i).first().text();
+    return texts;
+}
 
 QList<FilterTable::Entry> FilterTable::entries() const
 {

@@ -5,12 +5,6 @@
 /// A filter holds this many entries in force at most.
 inline constexpr int MaximumFilterEntries = 50;
 
-/// The tables of filters in the files database: names to leave out, and names to take alone.
-inline QString FilterTableName(bool wanted) { return wanted ? u"Фильтр2"_s : u"Фильтр1"_s; }
-
-/// The entries of a filter table that are in force. Error 9 for more than MaximumFilterEntries.
-QStringList FullArrayFileFiltr(const Database& files, const QString& table);
-
 /// A file-name filter: plain texts looked for anywhere in a name, without regard to case. An empty entry ends the list.
 class FileFilter {
 public:
@@ -25,7 +19,7 @@ private:
     bool m_wanted;
 };
 
-/// What the editor of a filter table works with.
+/// One of the two filters of the files database: names to leave out, and names to take alone (`wanted`).
 class FilterTable {
 public:
     struct Entry {
@@ -36,7 +30,9 @@ public:
 
     FilterTable(const Database& files, bool wanted);
 
-    /// In the order of their texts.
+    /// The entries in force. Error 9 for more than MaximumFilterEntries.
+    QStringList FullArrayFileFiltr() const;
+    /// All of them, in the order of their texts.
     QList<Entry> entries() const;
     /// Without regard to case.
     bool contains(const QString& text) const;

@@ -2,6 +2,7 @@
 
 #include "contents/FileSizeText.h"
 #include "contents/Mp3Tag.h"
+#include "store/Schema.h"
 
 #include <array>
 #include <new>
@@ -10,8 +11,6 @@
 namespace {
 
 constexpr int OutOfMemory = 7;
-constexpr qsizetype MaximumText = 255;
-constexpr int MaximumComment = 50;
 
 bool isReadingError(int number)
 {
@@ -56,9 +55,9 @@ private:
         running = watcher.entering(folder);
         if (!running) return Outcome::BrokenOff;
         return guarded([&] {
-            if (folder.size() > MaximumText) {
+            if (folder.size() > FieldLength::FolderPath) {
                 if (!rules.folders) return; // neither it nor what is below would have a row
-                throw DiscError(u"Путь «%1» длиннее %2 символов."_s.arg(folder).arg(MaximumText));
+                throw DiscError(u"Путь «%1» длиннее %2 символов."_s.arg(folder).arg(FieldLength::FolderPath));
             }
             Level level{folder, {}, {}};
             for (const DiscEntry& entry : disc.list(folder)) {
@@ -81,7 +80,7 @@ private:
             const DiscEntry& file = level.files[i];
             watcher.file(i, file.name);
             if (rules.filter && rules.filter->FindFileInFiltr(file.name)) continue;
-            if (file.name.isEmpty() || file.name.size() > MaximumText)
+            if (file.name.isEmpty() || file.name.size() > FieldLength::FileName)
                 throw DiscError(u"Недопустимое имя файла в папке «%1»."_s.arg(level.folder));
             store({rules.lowerCase ? file.name.toLower() : file.name, level.folder, FileSizeText(file.size),
                    rules.tags && file.name.contains(u".mp3"_s, Qt::CaseInsensitive) ? tagOf(level.folder, file)
@@ -94,7 +93,7 @@ private:
         tag.read(folder + file.name, {file.size, [&](qint64 offset, qint64 length) {
                                           return disc.read(folder, file.name, offset, length);
                                       }});
-        return (tag.artist() + u" - "_s + tag.title()).left(MaximumComment);
+        return (tag.artist() + u" - "_s + tag.title()).left(FieldLength::Comment);
     }
 
     /// What goes wrong on the disc costs the rest of one folder.

@@ -43,7 +43,7 @@ public:
 };
 
 /// Walks a disc and gives its rows, a folder's after those of its subfolders, which are taken from the last to the first.
-/// The depth of folders costs memory only, no stack. A path or name of more than 255 characters is a reading error of its
+/// The depth of folders costs memory only, no stack. A path or name that its field cannot hold is a reading error of its
 /// folder; so are the errors 5, 52, 53, 76 and those below 0. Out of memory (7) gives up a folder and the one above
 /// without a word. All others, and whatever `store` throws, pass to the caller.
 void CreateFileList(Disc& disc, const ScanRules& rules, const std::function<void(const FileRow&)>& store,

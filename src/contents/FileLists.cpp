@@ -8,15 +8,6 @@
 #include <algorithm>
 #include <cmath>
 
-std::array<QString, 6> ListNames(const Database& main, qint64 key)
-{
-    Recordset row = main.OpenRecordset(u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(Computer().table, Computer().key), {key});
-    std::array<QString, 6> names;
-    if (row.RecordCount() == 0) return names;
-    for (int k = 1; k <= 6; ++k) names[k - 1] = row[CatalogueKind::listField(k)].text();
-    return names;
-}
-
 bool CheckFileTableOwner(const Database& main, const QString& id)
 {
     QStringList tests;
@@ -69,7 +60,6 @@ void FileListWriter::add(const FileRow& row)
     m_list.Update();
 }
 
-/// Sets fields of the row of a disc.
 static void setFields(const Database& main, DiscOfRow disc, const QStringList& fields, const Value& value)
 {
     Recordset row = main.OpenRecordset(u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(Computer().table, Computer().key),
@@ -97,6 +87,7 @@ static const QString Exactly = u"(%1 & '') IN (?)"_s;
 
 QStringList FolderPaths(const Database& files, const QString& id)
 {
+    files.OpenRecordset(u"SELECT Имя, Путь, Размер, Комментарий FROM [%1] WHERE False"_s.arg(id));
     const Recordset rows = files.OpenRecordset(u"SELECT DISTINCT(Путь & '') FROM [%1]"_s.arg(id));
     QStringList paths;
     paths.reserve(rows.RecordCount());
@@ -120,22 +111,11 @@ FolderContents ReadFolder(const Database& files, const QString& id, const QStrin
     return contents;
 }
 
-static Recordset rowsOf(const Database& files, const QString& id, const QString& folder, const QString& name)
-{
-    return files.OpenRecordset(
-        u"SELECT * FROM [%1] WHERE %2 AND %3"_s.arg(id, Exactly.arg(u"Путь"_s), Exactly.arg(u"Имя"_s)), {folder, name});
-}
-
-QString FileComment(const Database& files, const QString& id, const QString& folder, const QString& name)
-{
-    Recordset row = rowsOf(files, id, folder, name);
-    return row.RecordCount() ? row[u"Комментарий"].text() : QString();
-}
-
 bool SetFileComment(const Database& files, const QString& id, const QString& folder, const QString& name,
                     const QString& comment)
 {
-    Recordset row = rowsOf(files, id, folder, name);
+    Recordset row = files.OpenRecordset(
+        u"SELECT * FROM [%1] WHERE %2 AND %3"_s.arg(id, Exactly.arg(u"Путь"_s), Exactly.arg(u"Имя"_s)), {folder, name});
     if (row.RecordCount() == 0) return false;
     row.Edit();
     row[u"Комментарий"] = orNull(comment);

@@ -5,16 +5,12 @@
 #include "store/CatalogueKind.h"
 
 #include <QRandomGenerator>
-#include <array>
 
 /// One physical disc of a row of the computer catalogue.
 struct DiscOfRow {
     qint64 key = 0; ///< of the row
     int disc = 1;   ///< 1 to 6
 };
-
-/// Names of the lists of disc 1 to 6 of a row; empty for a disc without a list.
-std::array<QString, 6> ListNames(const Database& main, qint64 key);
 
 /// Whether a disc of any row has the list `id`.
 bool CheckFileTableOwner(const Database& main, const QString& id);
@@ -25,7 +21,6 @@ bool CheckFileTableOwner(const Database& main, const QString& id);
 bool CreateFileTable(const Database& files, const Database& main, QString& id, const std::function<bool()>& ask = {},
                      QRandomGenerator& random = *QRandomGenerator::global());
 
-/// Puts rows into a list.
 class FileListWriter {
 public:
     FileListWriter(const Database& files, const QString& id);
@@ -40,7 +35,8 @@ void CreateLinkDiskID(const Database& main, DiscOfRow disc, const QString& id, b
 /// Drops the list `id`, which may be gone already, and takes it from its row. The binding stays.
 void DeleteList(const Database& files, const Database& main, DiscOfRow disc, const QString& id);
 
-/// All folders of a list in the order of FolderPathLess. Error 3078 when the list is missing.
+/// All folders of a list in the order of FolderPathLess. Error 3078 when the list is missing, 3061 when it lacks a field, as
+/// one of a foreign database may.
 QStringList FolderPaths(const Database& files, const QString& id);
 
 struct FolderContents {
@@ -49,8 +45,7 @@ struct FolderContents {
 };
 FolderContents ReadFolder(const Database& files, const QString& id, const QString& folder);
 
-/// Comment of a file, or of a folder when `name` is its path; empty for none.
-QString FileComment(const Database& files, const QString& id, const QString& folder, const QString& name);
-/// At most 50 characters; an empty text takes the comment away. False when there is no such row.
+/// Comment of a file, or of a folder when `name` is its path: at most 50 characters; an empty text takes it away. False
+/// when there is no such row.
 bool SetFileComment(const Database& files, const QString& id, const QString& folder, const QString& name,
                     const QString& comment);

@@ -7,5 +7,6 @@
 /// no disc has (a petabyte), since only a damaged directory says so.
 QString FileSizeText(qint64 bytes);
 
-/// Kilobytes of a stored size, written with any of blank, no-break blank, comma and point; 0 for what is no number.
+/// Kilobytes of a stored size; 0 for what is no number. The last comma or point is the decimal sign, earlier ones and
+/// blanks of any kind group digits.
 double SizeInKilobytes(QStringView text);

@@ -2,18 +2,31 @@
 
 #include "contents/DiscFile.h"
 #include "contents/frmCopyFile.h"
+#include "frame/Text.h"
 
 #include <QElapsedTimer>
+#include <cerrno>
+
+static constexpr qint64 SmallFile = 4 * 1024 * 1024;
 
 FilesAction ReadFilesAction(const Program& program)
 {
     return program.settings().number(u"Option", u"FilesAction") == 1 ? FilesAction::StartFile : FilesAction::ShowFolder;
 }
 
+/// The folder of a disc that the desktop has not mounted is one with a copy of the file in it.
+static bool worthCopying(Program& program, const DiscFile& file)
+{
+    if (file.size <= SmallFile || ReadFilesAction(program) == FilesAction::StartFile) return true;
+    const QString megabytes = FormatNumber(double(file.size) / (1024 * 1024), 1, true);
+    return program.dialogs.Ask(
+        u"Диск не подключён к системе. Чтобы показать файл '%1', его нужно скопировать (%2 Мб). Продолжить?"_s.arg(
+            file.name, megabytes));
+}
+
 /// Native path of a copy of the file; empty when the user gave it up. Throws RuntimeError.
 static QString copyOf(Program& program, Drive& drive, const QString& id, const QString& folder, const QString& name)
 {
-    constexpr qint64 SmallFile = 4 * 1024 * 1024;
     constexpr int PatienceMilliseconds = 300;
 
     const std::shared_ptr<Disc> disc = drive.disc();
@@ -22,6 +35,7 @@ static QString copyOf(Program& program, Drive& drive, const QString& id, const Q
     if (!file) throw FileError(ENOENT, folder + name);
 
     DiscCopy copy(disc, *file, id);
+    if (!copy.complete() && !worthCopying(program, *file)) return {};
     QElapsedTimer elapsed;
     elapsed.start();
     while (!copy.complete() && copy.size() <= SmallFile && !elapsed.hasExpired(PatienceMilliseconds)) copy.step();

@@ -1,9 +1,7 @@
 #include "contents/frmCopyFile.h"
 
-#include <QCoreApplication>
-
 frmCopyFile::frmCopyFile(Program& program, DiscCopy& copy, const QString& name)
-    : Screen(program, u"frmCopyFile"_s, u"Чтение файла с диска"_s), copy(copy)
+    : LongWork(program, u"frmCopyFile"_s, u"Чтение файла с диска"_s), copy(copy)
 {
     lblFile->setText(name);
     prbFile->setTextVisible(false);
@@ -14,27 +12,17 @@ frmCopyFile::frmCopyFile(Program& program, DiscCopy& copy, const QString& name)
     connect(cmdCancel, &QPushButton::clicked, this, &Form::reject);
 }
 
-void frmCopyFile::Form_Activate()
+void frmCopyFile::Work()
 {
-    Guarded("frmCopyFile, Form_Activate()"_L1, [&] {
-        copying = true;
+    Guarded("frmCopyFile, Work()"_L1, [&] {
         try {
-            while (copying && !copy.complete()) {
+            while (!copy.complete()) {
                 prbFile->setValue(int(1000 * copy.copied() / copy.size()));
-                QCoreApplication::processEvents();
-                if (copying) copy.step();
+                if (!turn()) return;
+                copy.step();
             }
         } catch (const RuntimeError& error) {
             failure = error;
         }
-        copying = false;
     });
-    Unload();
-}
-
-bool frmCopyFile::Form_QueryUnload()
-{
-    if (!copying) return true;
-    copying = false;
-    return false;
 }

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "contents/DiscFile.h"
-#include "contents/ElidedLabel.h"
-#include "frame/Screen.h"
+#include "frame/LongWork.h"
+#include "ui/ElidedLabel.h"
 #include "ui/ImageButton.h"
 
 #include <QProgressBar>
 #include <optional>
 
-/// Finishes a copy of a file that takes its time, and goes when that is done. Closing it gives the copy up.
-class frmCopyFile : public Screen {
+/// Finishes a copy of a file that takes its time. Closing it gives the copy up.
+class frmCopyFile : public LongWork {
 public:
     frmCopyFile(Program& program, DiscCopy& copy, const QString& name);
 
@@ -21,11 +21,9 @@ public:
     ImageButton* cmdCancel = named("cmdCancel");
 
 protected:
-    void Form_Activate() override;
-    bool Form_QueryUnload() override;
+    void Work() override;
 
 private:
     DiscCopy& copy;
     std::optional<RuntimeError> failure;
-    bool copying = false;
 };

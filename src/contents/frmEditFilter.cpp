@@ -1,8 +1,8 @@
 #include "contents/frmEditFilter.h"
 
-#include <algorithm>
+#include "store/Schema.h"
 
-static constexpr int MaximumText = 255;
+#include <algorithm>
 
 frmEditFilter::frmEditFilter(Program& program) : Screen(program, u"frmEditFilter"_s, u"Фильтр файлов"_s)
 {
@@ -24,7 +24,7 @@ frmEditFilter::frmEditFilter(Program& program) : Screen(program, u"frmEditFilter
     setLayout(column(row(optFilter[0], optFilter[1], stretch), lblInfo,
                      row(lvFilter, column(imgButton[1], imgButton[3], imgButton[2], stretch)),
                      row(cmdSelect, cmdDeselect, stretch, imgButton[0])));
-    resize(fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 26);
+    resize(fontMetrics().averageCharWidth() * 74, fontMetrics().height() * 26);
 
     connect(optFilter[1], &QRadioButton::toggled, this, &frmEditFilter::optFilter_Click);
     connect(lvFilter, &ListView::rowChecked, this, &frmEditFilter::lvFilter_ItemCheck);
@@ -82,14 +82,19 @@ void frmEditFilter::cmdSelect_Click(bool ticked)
     });
 }
 
-QString frmEditFilter::askName(const QString& prompt, const QString& title, const QString& before)
+QString frmEditFilter::askName(Purpose purpose)
 {
+    const bool adding = purpose == Purpose::Add;
     for (;;) {
-        if (before.isEmpty() && lvFilter->rowCount() >= MaximumFilterEntries) {
+        if (adding && lvFilter->rowCount() >= MaximumFilterEntries) {
             MsgBox(u"Количество файлов не должно превышать 50!"_s);
             return {};
         }
-        const QString name = program.dialogs.InputBox(prompt, title, before).left(MaximumText);
+        const QString entered = adding
+                                    ? program.dialogs.InputBox(u"Введите имя файла:"_s, u"Добавление нового файла"_s)
+                                    : program.dialogs.InputBox(u"Измените имени файла:"_s, u"Изменение имени файла"_s,
+                                                               lvFilter->text(lvFilter->currentRow()));
+        const QString name = entered.left(FieldLength::FilterEntry);
         if (name.isEmpty() || !table().contains(name)) return name;
         if (!Ask(u"Файл '%1' уже существует. Ввести другое?"_s.arg(name))) return {};
     }
@@ -98,7 +103,7 @@ QString frmEditFilter::askName(const QString& prompt, const QString& title, cons
 void frmEditFilter::cmdAddFile()
 {
     Guarded("frmEditFilter, cmdAddFile()"_L1, [&] {
-        const QString name = askName(u"Введите имя файла:"_s, u"Добавление нового файла"_s, {});
+        const QString name = askName(Purpose::Add);
         if (name.isEmpty()) return;
         table().add(name);
         fill(name);
@@ -118,10 +123,9 @@ void frmEditFilter::cmdDelete()
 void frmEditFilter::cmdChangeFile()
 {
     Guarded("frmEditFilter, cmdChangeFile()"_L1, [&] {
-        const QString before = lvFilter->text(lvFilter->currentRow());
-        const QString name = askName(u"Измените имени файла:"_s, u"Изменение имени файла"_s, before);
+        const QString name = askName(Purpose::Change);
         if (name.isEmpty()) return;
-        table().rename(before, name);
+        table().rename(lvFilter->text(lvFilter->currentRow()), name);
         fill(name);
     });
 }

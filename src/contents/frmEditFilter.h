@@ -33,6 +33,7 @@ private:
     FilterTable table() const { return {program.filesDatabase(), optFilter[1]->isChecked()}; }
     void fill(const QString& selected = {});
     void enableFilterCommands();
+    enum class Purpose { Add, Change };
     /// A text for the table that is not in it yet; empty when the user gave up.
-    QString askName(const QString& prompt, const QString& title, const QString& before);
+    QString askName(Purpose purpose);
 };

@@ -7,13 +7,13 @@
 #include "frame/Settings.h"
 #include "frame/Text.h"
 #include "recognition/DiscIdentity.h"
+#include "store/DiscTables.h"
+#include "store/Schema.h"
 #include "ui/Icons.h"
 #include "ui/Theme.h"
 
 #include <QShortcut>
 #include <algorithm>
-
-static constexpr int MaximumComment = 50;
 
 frmFileList::frmFileList(Program& program, const ListRequest& request)
     : Screen(program, u"frmFileList"_s, u"Файлы"_s), request(request)
@@ -82,7 +82,7 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
 
 QLayout* frmFileList::commentRow(const QString& caption, QLineEdit* box, ImageButton* button, const QString& tag)
 {
-    box->setMaxLength(MaximumComment);
+    box->setMaxLength(FieldLength::Comment);
     QLabel* text = label(caption, box);
     setTag({text, box, button}, tag);
     return column(text, row(box, button));
@@ -98,7 +98,7 @@ void frmFileList::moveDivider(int step)
 void frmFileList::Form_Load()
 {
     Guarded("frmFileList, Form_Load()"_L1, [&] {
-        program.shared.DiscIDSlots = ListNames(program.mainDatabase(), request.key);
+        program.shared.DiscIDSlots = ListsOfDisc(program.mainDatabase(), Computer(), request.key);
         program.shared.CurrentDiscID = program.shared.DiscIDSlots[0];
         lblNumber->setText(QString::number(request.number));
         lblName->setText(request.title);
@@ -108,9 +108,16 @@ void frmFileList::Form_Load()
             cmbCountCD->setEnabled(cmbCountCD->count() > 1);
             cmbCountCD->setCurrentIndex(std::clamp(request.disc, 1, cmbCountCD->count()) - 1);
         }
-        trView->setFocus();
         cmbCountCD_Click();
+        focusList();
     });
+}
+
+/// What the user wants first: the list, or what makes one.
+void frmFileList::focusList()
+{
+    QWidget* none = imgButton[imgButton[1]->isEnabled() ? 1 : 3];
+    (trView->isHidden() ? none : trView)->setFocus();
 }
 
 void frmFileList::cmbCountCD_Click()
@@ -192,7 +199,7 @@ void frmFileList::FillFileList(const QString& path)
     QList<ListView::Row> rows;
     rows.reserve(contents.files.size());
     for (const FileRow& file : contents.files)
-        rows.append({.texts = {file.name, file.size}, .icon = icons[FileImage(file.name) - 1]});
+        rows.append({.texts = {file.name, file.size}, .icon = icons[FileImage(file.name) - 1], .data = file.comment});
     lvFiles->setRows(rows);
     lvFiles->setCaption(0, u"Файлов: %1"_s.arg(rows.size()));
     lvFiles->setVisible(!rows.isEmpty());
@@ -205,36 +212,35 @@ QString frmFileList::fileName() const { return lvFiles->text(lvFiles->currentRow
 
 void frmFileList::lvFiles_ItemClick()
 {
-    if (fileName().isEmpty()) return;
-    Guarded("frmFileList, lvFiles_ItemClick()"_L1, [&] {
-        txtCommentFile->setText(
-            FileComment(program.filesDatabase(), program.shared.CurrentDiscID, folder(), fileName()));
-    });
+    if (!fileName().isEmpty()) txtCommentFile->setText(lvFiles->row(lvFiles->currentRow()).data.toString());
 }
 
 void frmFileList::cmdMakeChangeDir_Click()
 {
     Guarded("frmFileList, cmdMakeChangeDir_Click()"_L1, [&] {
-        changeComment(txtCommentDir, folder(),
-                      u"папке '%1'"_s.arg(tree.data(trView->currentIndex(), Qt::DisplayRole).toString()));
+        const QString node = tree.data(trView->currentIndex(), Qt::DisplayRole).toString();
+        changeComment(txtCommentDir, folder(), u"папке '%1'"_s.arg(node));
     });
 }
 
 void frmFileList::cmdMakeChangeFile_Click()
 {
-    Guarded("frmFileList, cmdMakeChangeFile_Click()"_L1,
-            [&] { changeComment(txtCommentFile, fileName(), u"файлу '%1'"_s.arg(fileName())); });
+    Guarded("frmFileList, cmdMakeChangeFile_Click()"_L1, [&] {
+        if (changeComment(txtCommentFile, fileName(), u"файлу '%1'"_s.arg(fileName())))
+            lvFiles->setData(lvFiles->currentRow(), txtCommentFile->text());
+    });
 }
 
-void frmFileList::changeComment(QLineEdit* box, const QString& name, const QString& what)
+bool frmFileList::changeComment(QLineEdit* box, const QString& name, const QString& what)
 {
     box->setText(CleanText(box->text()));
     if (!SetFileComment(program.filesDatabase(), program.shared.CurrentDiscID, folder(), name, box->text())) {
         MsgBox(u"Необходимо пересоздать структуру диска!"_s);
         txtCommentDir->clear(); // also when a file's comment was meant
-        return;
+        return false;
     }
     MsgBox(u"Комментарий к %1 успешно изменен."_s.arg(what), Box::Information);
+    return true;
 }
 
 void frmFileList::ShowListVolume()
@@ -263,11 +269,8 @@ void frmFileList::cmdCreate()
     Guarded("frmFileList, cmdCreate()"_L1, [&] {
         frmFileListOption(program, disc(), request.number).ShowModal(this);
         if (!std::exchange(program.shared.DialogDone, false)) return;
-        imgButton[1]->setEnabled(false);
-        imgButton[2]->setEnabled(true);
-        imgButton[3]->setEnabled(true);
-        setEnabledByTag(u"CommentDir", true);
-        if (BuildTree()) showList();
+        cmbCountCD_Click();
+        focusList();
     });
 }
 
@@ -278,6 +281,7 @@ void frmFileList::DeleteListAsk()
         return;
     DeleteList();
     cmbCountCD_Click();
+    focusList();
 }
 
 void frmFileList::RecreateListAsk()

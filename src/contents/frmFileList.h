@@ -1,9 +1,9 @@
 #pragma once
 
-#include "contents/ElidedLabel.h"
 #include "contents/FileLists.h"
 #include "contents/FolderModel.h"
 #include "frame/Screen.h"
+#include "ui/ElidedLabel.h"
 #include "ui/ImageButton.h"
 #include "ui/ListView.h"
 
@@ -52,10 +52,11 @@ private:
     void FillFileList(const QString& folder);
     void ShowListVolume();
     void showList();
+    void focusList();
     void showTree(bool shown);
     void moveDivider(int step);
-    /// `what` names the row in the message: "папке 'DOCS'".
-    void changeComment(QLineEdit* box, const QString& name, const QString& what);
+    /// `what` names the row in the message: "папке 'DOCS'". False when there is no such row any more.
+    bool changeComment(QLineEdit* box, const QString& name, const QString& what);
     QLayout* commentRow(const QString& caption, QLineEdit* box, ImageButton* button, const QString& tag);
 
     int discNumber() const { return cmbCountCD->currentText().toInt(); }

@@ -4,32 +4,15 @@
 #include "frame/Text.h"
 #include "ui/Theme.h"
 
-#include <QCoreApplication>
+#include <QScopedValueRollback>
 
-namespace {
+static constexpr int TurnMilliseconds = 50;
+static constexpr int ErrorsBetweenQuestions = 3;
 
-/// Nobody else may touch the drive until the end of the block.
-class DriveWatchPause {
-public:
-    explicit DriveWatchPause(Shared& shared) : m_shared(shared), m_before(shared.DriveWatchPaused)
-    {
-        shared.DriveWatchPaused = true;
-    }
-    ~DriveWatchPause() { m_shared.DriveWatchPaused = m_before; }
-    DriveWatchPause(const DriveWatchPause&) = delete;
-    DriveWatchPause& operator=(const DriveWatchPause&) = delete;
-
-private:
-    Shared& m_shared;
-    bool m_before;
-};
-
-constexpr int TurnMilliseconds = 50;
-
-}
-
-frmFileListCreate::frmFileListCreate(Program& program, const QString& drive, const ScanOptions& options)
-    : Screen(program, u"frmFileListCreate"_s, u"Создание списка файлов"_s), drive(drive), options(options)
+frmFileListCreate::frmFileListCreate(Program& program, Drive& drive, std::shared_ptr<Disc> disc,
+                                     const ScanOptions& options)
+    : LongWork(program, u"frmFileListCreate"_s, u"Создание списка файлов"_s), drive(drive), disc(std::move(disc)),
+      options(options)
 {
     prbFiles->setTextVisible(false);
     QLabel* hint = label(u"Esc прерывает сканирование; найденное останется в списке"_s);
@@ -38,35 +21,18 @@ frmFileListCreate::frmFileListCreate(Program& program, const QString& drive, con
     setMinimumWidth(fontMetrics().averageCharWidth() * 60);
 }
 
-void frmFileListCreate::Form_Activate()
-{
-    CreateFileList();
-    Unload();
-}
-
-bool frmFileListCreate::Form_QueryUnload()
-{
-    if (!scanning) return true;
-    scanning = false;
-    lblCount->setText(u"Сканирование прерывается…"_s);
-    return false;
-}
-
-void frmFileListCreate::CreateFileList()
+void frmFileListCreate::Work()
 {
     Guarded("frmFileListCreate, CreateFileList()"_L1, [&] {
-        const DriveWatchPause pause(program.shared);
+        const QScopedValueRollback<bool> pause(program.shared.DriveWatchPaused, true);
         const ScanRules taken = rules();
-        Drive* device = program.drives.find(drive);
-        const std::shared_ptr<Disc> disc = device ? device->disc() : nullptr;
-        if (!disc) return readingError(DiscError(u"Диск вынут из устройства %1."_s.arg(drive)));
         FileListWriter list(program.filesDatabase(), program.shared.CurrentDiscID);
-        scanning = true;
-        ::CreateFileList(
+        CreateFileList(
             *disc, taken, [&](const FileRow& row) { list.add(row); }, *this);
-        scanning = false;
     });
 }
+
+void frmFileListCreate::stopping() { lblCount->setText(u"Сканирование прерывается…"_s); }
 
 ScanRules frmFileListCreate::rules()
 {
@@ -84,22 +50,18 @@ FileFilter frmFileListCreate::FullArrayFileFiltr()
 {
     FileFilter filter({}, options.wantedFiles);
     Guarded("frmFileListCreate, FullArrayFileFiltr()"_L1, [&] {
-        const QString table = FilterTableName(options.wantedFiles);
-        filter = FileFilter(::FullArrayFileFiltr(program.filesDatabase(), table), options.wantedFiles);
+        const FilterTable table(program.filesDatabase(), options.wantedFiles);
+        filter = FileFilter(table.FullArrayFileFiltr(), options.wantedFiles);
     });
     return filter;
 }
 
-bool frmFileListCreate::entering(const QString&)
-{
-    turn();
-    return scanning;
-}
+bool frmFileListCreate::entering(const QString&) { return showAndTurn(); }
 
 void frmFileListCreate::listing(const QString& folder, qsizetype count)
 {
     const bool root = folder.size() == 1;
-    folderShown = (drive.left(2) + (root ? folder : folder.chopped(1))).toUpper();
+    folderShown = (drive.root().left(2) + (root ? folder : folder.chopped(1))).toUpper();
     done = 0;
     toDo = int(count);
     ++folders;
@@ -110,22 +72,25 @@ void frmFileListCreate::file(qsizetype index, const QString& name)
     fileShown = name.toLower();
     done = int(index) + 1;
     ++files;
-    if (sinceShown.hasExpired(TurnMilliseconds)) turn();
+    if (sinceShown.hasExpired(TurnMilliseconds)) showAndTurn();
 }
 
-void frmFileListCreate::readingError(const RuntimeError&)
+void frmFileListCreate::readingError(const RuntimeError& error)
 {
+    // A scratch fails many times in one way: what the first time says is worth keeping.
+    if (errors++ == 0) LogFault(program, "frmFileListCreate, CreateFileList()"_L1, error);
     MsgBox(u"Ошибка чтения диска! Некоторые файлы не будут добавлены в список."_s);
+    if (!drive.volume().success) return stop();
+    if (errors % ErrorsBetweenQuestions == 0 && !Ask(u"Диск читается с ошибками. Продолжить сканирование?"_s)) stop();
 }
 
-void frmFileListCreate::turn()
+bool frmFileListCreate::showAndTurn()
 {
     if (!sinceShown.isValid() || sinceShown.hasExpired(TurnMilliseconds)) {
         showProgress();
         sinceShown.start();
     }
-    QCoreApplication::processEvents();
-    program.engine.Yield();
+    return turn();
 }
 
 void frmFileListCreate::showProgress()
@@ -134,6 +99,6 @@ void frmFileListCreate::showProgress()
     lblFile->setText(fileShown);
     prbFiles->setMaximum(qMax(1, toDo));
     prbFiles->setValue(done);
-    if (!scanning) return; // its line says that it is ending
+    if (!working()) return; // its line says that it is ending
     lblCount->setText(u"Папок: %1, файлов: %2"_s.arg(FormatNumber(folders, 0, true), FormatNumber(files, 0, true)));
 }

@@ -1,19 +1,19 @@
 #pragma once
 
-#include "contents/ElidedLabel.h"
 #include "contents/FileListScanner.h"
 #include "contents/ScanOptions.h"
-#include "frame/Screen.h"
+#include "frame/LongWork.h"
+#include "ui/ElidedLabel.h"
 
 #include <QElapsedTimer>
 #include <QProgressBar>
 
-/// Walks a disc into the list CurrentDiscID as soon as it is up, and goes when that is done. Closing it breaks the walk
-/// off at the next folder; what is in the list stays. The drive watch pauses meanwhile.
-class frmFileListCreate : public Screen, private ScanWatcher {
+/// Walks a disc into the list CurrentDiscID. Closing the window breaks the walk off at the next folder; what is in the
+/// list stays. The drive watch pauses meanwhile.
+class frmFileListCreate : public LongWork, private ScanWatcher {
 public:
-    /// `drive` is "E:\".
-    frmFileListCreate(Program& program, const QString& drive, const ScanOptions& options);
+    /// `disc` is the medium in `drive` that the list is named after.
+    frmFileListCreate(Program& program, Drive& drive, std::shared_ptr<Disc> disc, const ScanOptions& options);
 
     ElidedLabel* lblDir = named("lblDir");
     ElidedLabel* lblFile = named("lblFile");
@@ -21,11 +21,10 @@ public:
     QLabel* lblCount = named("lblCount"); ///< folders and files so far
 
 protected:
-    void Form_Activate() override;
-    bool Form_QueryUnload() override;
+    void Work() override;
+    void stopping() override;
 
 private:
-    void CreateFileList();
     ScanRules rules();
     FileFilter FullArrayFileFiltr();
 
@@ -33,14 +32,15 @@ private:
     void listing(const QString& folder, qsizetype count) override;
     void file(qsizetype index, const QString& name) override;
     void readingError(const RuntimeError& error) override;
-    void turn();
+    bool showAndTurn();
     void showProgress();
 
-    QString drive;
+    Drive& drive;
+    std::shared_ptr<Disc> disc;
     ScanOptions options;
-    bool scanning = false; ///< cleared by closing the window
     QElapsedTimer sinceShown;
     QString folderShown, fileShown;
     int done = 0, toDo = 0; ///< files of the folder
     int folders = 0, files = 0;
+    int errors = 0;
 };

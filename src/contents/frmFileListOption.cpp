@@ -6,6 +6,7 @@
 #include "recognition/DiscIdentity.h"
 
 static const QString NoDrive = u"Устройство для чтения компакт-дисков не найдено!"_s;
+static const QString NoDisc = u"Вставьте диск в устройство для чтения компакт-дисков и повторите операцию."_s;
 
 frmFileListOption::frmFileListOption(Program& program, DiscOfRow disc, int number)
     : Screen(program, u"frmFileListOption"_s, u"Параметры сканирования диска № %1 (CD%2)"_s.arg(number).arg(disc.disc)),
@@ -35,6 +36,8 @@ frmFileListOption::frmFileListOption(Program& program, DiscOfRow disc, int numbe
                                               row(chFilter, optFilter[0], optFilter[1], stretch, imgButton[2]))),
                      chShare, stretch, row(stretch, imgButton[0], imgButton[1])));
 
+    // Also when the same drive is chosen again.
+    connect(cmbDrive, &QComboBox::activated, this, &frmFileListOption::cmbDrive_Click);
     for (QCheckBox* box : {chScanDir, chScanDirOnly, chFilter})
         connect(box, &QCheckBox::toggled, this, &frmFileListOption::enableOptions);
     connect(imgButton[0], &QPushButton::clicked, this, &frmFileListOption::cmdStartScan);
@@ -69,15 +72,28 @@ void frmFileListOption::loadDrives()
     for (const QChar letter : letters) cmbDrive->addItem(letter + u":\\"_s);
     cmbDrive->setCurrentIndex(qMax(0, cmbDrive->findText(DefaultDrive(program).left(3), Qt::MatchFixedString)));
     cmbDrive_Click();
-    connect(cmbDrive, &QComboBox::currentIndexChanged, this, &frmFileListOption::cmbDrive_Click);
 }
 
 void frmFileListOption::cmbDrive_Click()
 {
-    Guarded("frmFileListOption, cmbDrive_Click()"_L1, [&] {
-        const CatalogueKind* kind = CatalogueByKindWord(GetDiskIDcheck(program, cmbDrive->currentText()));
-        lblInserCD->setText(kind ? kind->mediumCaption : u"(нет)"_s);
-    });
+    Guarded("frmFileListOption, cmbDrive_Click()"_L1,
+            [&] { showKind(GetDiskIDcheck(program, cmbDrive->currentText())); });
+}
+
+void frmFileListOption::showKind(const QString& kindWord)
+{
+    const CatalogueKind* kind = CatalogueByKindWord(kindWord);
+    lblInserCD->setText(kind ? kind->mediumCaption : u"(нет)"_s);
+}
+
+/// The user comes back, perhaps from the drive. Nobody is asked here: a question would take the window's place again.
+bool frmFileListOption::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && activated() && cmbDrive->count() > 0) {
+        const QString kind = GlanceAt(program, cmbDrive->currentText()).disc.kind;
+        if (kind != UndecidedKind) showKind(kind);
+    }
+    return Screen::event(event);
 }
 
 void frmFileListOption::cmdStartScan()
@@ -91,13 +107,14 @@ void frmFileListOption::cmdStartScan()
             MsgBox(NoDrive);
             return;
         }
-        const DiscInDrive inDrive = ReadDisc(program, cmbDrive->currentText());
+        const QString root = cmbDrive->currentText();
+        const DiscInDrive inDrive = ReadDisc(program, root);
         if (inDrive.kind == Audio().kindWord) {
             MsgBox(u"В устройстве для чтения компакт дисков вставлен Аудио диск."_s);
             return;
         }
         if (inDrive.kind.isEmpty()) {
-            MsgBox(u"Вставьте диск в устройство для чтения компакт-дисков и повторите операцию."_s);
+            MsgBox(NoDisc);
             return;
         }
         if (inDrive.kind != Computer().kindWord) return; // of a DVD nothing is said
@@ -108,8 +125,15 @@ void frmFileListOption::cmdStartScan()
                    u"записан в формате PacketCD, который не поддерживается программой)!"_s);
             return;
         }
+        // The list is named after this medium, so no other one may be walked.
+        Drive* drive = program.drives.find(root);
+        const std::shared_ptr<Disc> medium = drive ? drive->disc() : nullptr;
+        if (!medium || SerialToID(medium->volume().serial) != inDrive.id) {
+            MsgBox(NoDisc);
+            return;
+        }
         if (CreateFileTable()) {
-            frmFileListCreate(program, cmbDrive->currentText(), options()).ShowModal(this);
+            frmFileListCreate(program, *drive, medium, options()).ShowModal(this);
             CreateLinkDiskID();
             program.shared.DialogDone = true;
         }

@@ -32,6 +32,7 @@ public:
 protected:
     void Form_Load() override;
     void Form_Unload() override;
+    bool event(QEvent* event) override;
 
 private:
     void cmbDrive_Click();
@@ -41,6 +42,7 @@ private:
     void CreateLinkDiskID();
 
     void loadDrives();
+    void showKind(const QString& kindWord);
     void enableOptions();
     ScanOptions options() const;
     void showOptions(const ScanOptions& options);

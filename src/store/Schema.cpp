@@ -130,7 +130,7 @@ TableDef borrowers()
 TableDef filter(const QString& name)
 {
     return {.name = name,
-            .fields = {text(u"Файл"_s, 0), trueUnlessToldOtherwise(u"Use"_s)},
+            .fields = {text(u"Файл"_s, FieldLength::FilterEntry), trueUnlessToldOtherwise(u"Use"_s)},
             .primaryKey = {},
             .relations = {}};
 }
@@ -161,7 +161,8 @@ const QList<TableDef>& FilterSchema()
 TableDef FileTable(const QString& id)
 {
     return {.name = id,
-            .fields = {text(u"Имя"_s, 255), text(u"Путь"_s, 255), text(u"Размер"_s, 11), text(u"Комментарий"_s, 50)},
+            .fields = {text(u"Имя"_s, FieldLength::FileName), text(u"Путь"_s, FieldLength::FolderPath),
+                       text(u"Размер"_s, FieldLength::FileSize), text(u"Комментарий"_s, FieldLength::Comment)},
             .primaryKey = {},
             .relations = {}};
 }
@@ -169,7 +170,7 @@ TableDef FileTable(const QString& id)
 TableDef TrackTable(const QString& id)
 {
     return {.name = id,
-            .fields = {integer(u"Номер"_s), text(u"Название"_s, 255), text(u"Комментарий"_s, 50)},
+            .fields = {integer(u"Номер"_s), text(u"Название"_s, 255), text(u"Комментарий"_s, FieldLength::Comment)},
             .primaryKey = {},
             .relations = {}};
 }

@@ -6,6 +6,14 @@
 const QList<TableDef>& MainSchema();
 /// Фильтр1 and Фильтр2 of vinora_files.db.
 const QList<TableDef>& FilterSchema();
+/// Most characters of the fields of a computer disc's list, and of a filter's entry.
+namespace FieldLength {
+inline constexpr int FileName = 255;
+inline constexpr int FolderPath = 255;
+inline constexpr int FileSize = 11;
+inline constexpr int Comment = 50; ///< of a track, too
+inline constexpr int FilterEntry = 255;
+}
 /// The list of one computer disc and of one audio disc, named by `id`.
 TableDef FileTable(const QString& id);
 TableDef TrackTable(const QString& id);

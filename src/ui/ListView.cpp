@@ -206,6 +206,13 @@ void ListView::setText(int row, int column, const QString& text)
     m_model->changed(row);
 }
 
+void ListView::setData(int row, const QVariant& data)
+{
+    if (row < 0 || row >= rowCount()) return;
+    m_model->rowList[row].data = data;
+    m_model->changed(row);
+}
+
 int ListView::find(const QString& text, int column) const
 {
     const QList<Row>& rows = m_model->rowList;

@@ -42,6 +42,7 @@ public:
     Row row(int row) const;
     QString text(int row, int column = 0) const { return this->row(row).texts.value(column); }
     void setText(int row, int column, const QString& text);
+    void setData(int row, const QVariant& data);
     /// The first row with this text in this column.
     int find(const QString& text, int column = 0) const;
     int findData(const QVariant& data) const;

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -14,116 +15,101 @@ protected:
     void SetUp() override
     {
         qputenv("XDG_CACHE_HOME", QFile::encodeName(home.path()));
-        disc->file(u"\\Docs\\Read Me.txt"_s, QByteArray("Привет")).file(u"\\big.bin"_s, 1'000'000).file(u"\\none"_s, 0);
+        disc->file("\\Docs\\Read Me.txt", QByteArray("Привет")).file("\\big.bin", 1'000'000).file("\\none", 0);
     }
-
-    void write(const QString& path, const QByteArray& bytes) const
+    void write(const QString& path) const
     {
         QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
     }
 
     QTemporaryDir home;
-    std::shared_ptr<FakeDisc> disc = FakeDisc::data(u"D"_s, 1);
+    std::shared_ptr<FakeDisc> disc = FakeDisc::data("D", 1);
+    const DiscFile big{"\\", "big.bin", 1'000'000};
 };
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
-    return file.readAll();
-}
 
 }
 
 TEST_F(DiscFiles, AreFoundByNamesInLowerCase)
 {
-    disc->file(u"\\Docs\\read me.txt"_s, 7);
-    EXPECT_EQ(FindDiscFile(*disc, u"\\Docs\\"_s, u"read me.txt"_s)->size, 7) << "the exact name goes first";
-    EXPECT_EQ(FindDiscFile(*disc, u"\\Docs\\"_s, u"READ ME.TXT"_s)->folder, u"\\Docs\\"_s);
-    EXPECT_FALSE(FindDiscFile(*disc, u"\\"_s, u"docs"_s)) << "a folder is no file";
-    EXPECT_FALSE(FindDiscFile(*disc, u"\\"_s, u"missing"_s));
-    EXPECT_THROW(FindDiscFile(*disc, u"\\missing\\"_s, u"a"_s), RuntimeError);
+    disc->file("\\Docs\\read me.txt", 7);
+    EXPECT_EQ(FindDiscFile(*disc, "\\Docs\\", "read me.txt")->size, 7) << "the exact name goes first";
+    EXPECT_EQ(FindDiscFile(*disc, "\\Docs\\", "READ ME.TXT")->folder, "\\Docs\\");
+    EXPECT_FALSE(FindDiscFile(*disc, "\\", "docs")) << "a folder is no file";
+    EXPECT_THROW(FindDiscFile(*disc, "\\missing\\", "a"), RuntimeError);
 }
 
 TEST_F(DiscFiles, OfAMountedDiscStayWithinIt)
 {
-    const QString mount = home.filePath(u"media"_s);
-    write(mount + u"/docs/Read Me.txt"_s, "a");
-    write(home.filePath(u"secret"_s), "b");
-    QFile::link(home.filePath(u"secret"_s), mount + u"/link"_s);
-    EXPECT_EQ(MountedPath(mount, u"\\Docs\\"_s, u"read me.txt"_s), mount + u"/docs/Read Me.txt"_s);
-    EXPECT_EQ(MountedPath(mount, u"\\"_s, u"docs"_s), QString());
-    EXPECT_EQ(MountedPath(mount, u"\\..\\"_s, u"secret"_s), QString());
-    EXPECT_EQ(MountedPath(mount, u"\\"_s, u"../secret"_s), QString());
-    EXPECT_EQ(MountedPath(mount, u"\\"_s, u"link"_s), QString());
+    const QString mount = home.filePath("media");
+    write(mount + "/docs/Read Me.txt");
+    write(home.filePath("secret"));
+    QFile::link(home.filePath("secret"), mount + "/link");
+    EXPECT_EQ(MountedPath(mount, "\\Docs\\", "read me.txt"), mount + "/docs/Read Me.txt");
+    for (const auto& [folder, name] :
+         {std::pair{"\\", "docs"}, {"\\..\\", "secret"}, {"\\", "../secret"}, {"\\", "link"}})
+        EXPECT_EQ(MountedPath(mount, folder, name), QString()) << name;
 }
 
 TEST_F(DiscFiles, AreCopiedPiecewiseIntoAPrivateFolder)
 {
-    DiscCopy copy(disc, *FindDiscFile(*disc, u"\\"_s, u"big.bin"_s), u"ABC"_s);
+    DiscCopy copy(disc, big, "ABC");
     int steps = 0;
     for (; !copy.complete(); ++steps) copy.step();
     EXPECT_GT(steps, 1);
-    EXPECT_EQ(contentOf(copy.path()), QByteArray(1'000'000, '\0'));
-    const QFileInfo file(copy.path());
-    EXPECT_TRUE(file.path().startsWith(home.path()));
+    QFile made(copy.path());
+    EXPECT_TRUE(made.open(QIODevice::ReadOnly));
+    EXPECT_EQ(made.readAll(), QByteArray(1'000'000, '\0'));
     const QFile::Permissions others(0x0077);
-    EXPECT_EQ(file.permissions() & (others | QFile::WriteOwner), QFile::Permissions());
-    EXPECT_EQ(QFileInfo(file.path()).permissions() & others, QFile::Permissions());
+    EXPECT_EQ(made.permissions() & (others | QFile::WriteOwner), QFile::Permissions());
+    EXPECT_EQ(QFileInfo(QFileInfo(made).path()).permissions() & others, QFile::Permissions());
 
-    const int touched = disc->touched;
-    EXPECT_TRUE(DiscCopy(disc, {u"\\"_s, u"big.bin"_s, 1'000'000}, u"ABC"_s).complete()) << "made once";
-    EXPECT_FALSE(DiscCopy(disc, {u"\\"_s, u"big.bin"_s, 1'000'000}, u"DEF"_s).complete()) << "another medium";
-    EXPECT_EQ(disc->touched, touched);
-    EXPECT_TRUE(DiscCopy(disc, {u"\\"_s, u"none"_s, 0}, u"ABC"_s).complete());
+    EXPECT_TRUE(DiscCopy(disc, big, "ABC").complete()) << "made once";
+    EXPECT_FALSE(DiscCopy(disc, big, "DEF").complete()) << "another medium";
+    EXPECT_FALSE(DiscCopy(disc, {"\\", "big.bin", 999'999}, "ABC").complete()) << "another one of the same serial";
+    EXPECT_TRUE(QFile::setPermissions(copy.path(), QFile::WriteOwner) && QFile::resize(copy.path(), 5));
+    EXPECT_FALSE(DiscCopy(disc, big, "ABC").complete()) << "not what was copied";
+    EXPECT_TRUE(DiscCopy(disc, {"\\", "none", 0}, "ABC").complete());
     RemoveDiscCopies();
-    EXPECT_FALSE(QFile::exists(copy.path()));
+    EXPECT_FALSE(made.exists());
 }
 
 TEST_F(DiscFiles, ACopyThatFailsOrIsGivenUpLeavesNothing)
 {
-    QString folder;
-    {
-        DiscCopy copy(disc, {u"\\"_s, u"big.bin"_s, 1'000'000}, u"ABC"_s);
-        folder = QFileInfo(copy.path()).path();
-        copy.step();
-        disc->damaged(u"\\big.bin"_s);
-        EXPECT_THROW(copy.step(), DiscError);
-        EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden).size(), 1);
-    }
-    EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden).size(), 0);
-    DiscCopy shorter(disc, {u"\\Docs\\"_s, u"Read Me.txt"_s, 1000}, u"ABC"_s);
+    std::optional<DiscCopy> copy(std::in_place, disc, big, "ABC");
+    const auto left = [folder = QFileInfo(copy->path()).path()] {
+        return QDir(folder).entryList(QDir::Files | QDir::Hidden).size();
+    };
+    copy->step();
+    EXPECT_EQ(left(), 1);
+    disc->damaged("\\big.bin");
+    EXPECT_THROW(copy->step(), DiscError);
+    copy.reset();
+    EXPECT_EQ(left(), 0);
+
+    DiscCopy shorter(disc, {"\\Docs\\", "Read Me.txt", 1000}, "ABC");
     shorter.step();
     EXPECT_THROW(shorter.step(), DiscError);
+    EXPECT_THROW(DiscCopy(disc, {"\\", "huge", qint64(1) << 60}, "ABC"), RuntimeError) << "no room for it";
 }
 
 TEST_F(DiscFiles, CopiesOfEndedProcessesAreRemovedAtTheStart)
 {
-    const QString stale = home.filePath(u"vinora/disc-999999999/1/a"_s), living = home.filePath(u"vinora/disc-1/1/a"_s);
-    write(stale, "x");
-    write(living, "x");
+    const QString parent = QString::number(getppid()), own = QString::number(getpid());
+    for (const QString& process : {parent, own, QString("999999999")})
+        write(home.filePath("vinora/disc-" + process + "/1/a"));
     RemoveStaleDiscCopies();
-    EXPECT_FALSE(QFile::exists(home.filePath(u"vinora/disc-999999999"_s)));
-    EXPECT_TRUE(QFile::exists(living));
+    EXPECT_EQ(QDir(home.filePath("vinora")).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+              QStringList("disc-" + parent));
 }
 
 TEST(SafeFileName, NeverLeavesItsFolder)
 {
-    const std::pair<QString, QString> names[] = {
-        {u"a.txt"_s, u"a.txt"_s},
-        {u".."_s, u"_.."_s},
-        {u"."_s, u"_."_s},
-        {u""_s, u"_"_s},
-        {u"../../x"_s, u"_.._.._x"_s},
-        {u"-rf"_s, u"_-rf"_s},
-        {u"a\\b\n"_s, u"a_b_"_s},
-        {u"Привет.txt"_s, u"Привет.txt"_s},
-    };
-    for (const auto& [name, safe] : names) EXPECT_EQ(SafeFileName(name), safe);
-    const QString longName = SafeFileName(QString(300, u'ж') + u".html"_s);
+    const std::pair<const char*, const char*> names[] = {{"..", "_.."},           {"", "_"},
+                                                         {"../../x", "_.._.._x"}, {"-rf", "_-rf"},
+                                                         {"a\\b\n", "a_b_"},      {"Привет.txt", "Привет.txt"}};
+    for (const auto& [name, safe] : names) EXPECT_EQ(SafeFileName(name), QString(safe));
+    const QString longName = SafeFileName(QString(300, u'ж') + ".html");
     EXPECT_LE(longName.toUtf8().size(), 200);
-    EXPECT_TRUE(longName.endsWith(u"ж.html"_s));
+    EXPECT_TRUE(longName.endsWith("ж.html"));
 }

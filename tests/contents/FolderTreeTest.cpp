@@ -1,8 +1,8 @@
-#include "contents/FolderTree.h"
-
+#include "contents/FolderModel.h"
 #include "harness/Print.h"
 #include "platform/RuntimeError.h"
 
+#include <QAbstractItemModelTester>
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -16,67 +16,46 @@ std::string drawn(QStringList paths)
     std::function<QString(int, int)> draw = [&](int parent, int depth) {
         QString text;
         for (int i = 0; i < nodes.size(); ++i)
-            if (nodes[i].parent == parent)
-                text += QString(depth * 2, u' ') + nodes[i].text + u'\n' + draw(i, depth + 1);
+            if (nodes[i].parent == parent) text += QString(depth * 2, ' ') + nodes[i].text + '\n' + draw(i, depth + 1);
         return text;
     };
     return draw(-1, 0).toStdString();
 }
 
-QString deep(int levels)
-{
-    QString path = u"\\"_s;
-    for (int i = 0; i < levels; ++i) path += u"L%1\\"_s.arg(i);
-    return path;
 }
 
-}
-
-TEST(FolderTree, RootStandsBesideTheFirstLevel)
+TEST(FolderTree, RootStandsBesideTheFirstLevelAndMissingParentsAreMadeUp)
 {
-    EXPECT_EQ(drawn({}), "");
-    EXPECT_EQ(drawn({u"\\"_s}), "...\n");
-    EXPECT_EQ(drawn({u"\\BIN\\"_s, u"\\"_s, u"\\ALPHA\\DOC\\"_s, u"\\ALPHA\\"_s, u"\\ALPHA\\DOC\\HTML\\"_s,
-                     u"\\ALPHA\\SRC\\"_s}),
-              "...\n"
-              "ALPHA\n"
-              "  DOC\n"
-              "    HTML\n"
-              "  SRC\n"
-              "BIN\n");
-}
-
-TEST(FolderTree, MissingParentsAreMadeUp) { EXPECT_EQ(drawn({u"\\ALPHA\\DOC\\HTML\\"_s}), "ALPHA\n  DOC\n    HTML\n"); }
-
-TEST(FolderTree, SubfoldersFollowTheirFolderWhateverTheCollation)
-{
+    EXPECT_EQ(drawn({"\\BIN\\", "\\", "\\ALPHA\\DOC\\HTML\\", "\\ALPHA\\SRC\\"}),
+              "...\nALPHA\n  DOC\n    HTML\n  SRC\nBIN\n");
     // By characters "A B" comes between "A" and what is in it; letters differ by case.
-    EXPECT_EQ(drawn({u"\\A\\"_s, u"\\A B\\"_s, u"\\A\\ONE\\"_s, u"\\a\\"_s, u"\\a\\TWO\\"_s, u"\\A!\\"_s}),
+    EXPECT_EQ(drawn({"\\A\\", "\\A B\\", "\\A\\ONE\\", "\\a\\", "\\a\\TWO\\", "\\A!\\"}),
               "A\n  ONE\nA B\nA!\na\n  TWO\n");
 }
 
 TEST(FolderTree, SamePlaceAndLettersCountAsTheSameFolder)
 {
-    EXPECT_EQ(drawn({u"\\A\\X\\"_s, u"\\B\\X\\"_s}), "A\n  X\nB\n");
-    EXPECT_EQ(drawn({u"\\A\\X\\"_s, u"\\B\\X\\DEEP\\"_s}), "A\n  X\nB\n  DEEP\n");
-    // With the folder's own row between them, as a scan makes it, nothing is lost.
-    EXPECT_EQ(drawn({u"\\A\\X\\"_s, u"\\B\\"_s, u"\\B\\X\\"_s}), "A\n  X\nB\n  X\n");
-    // The same letters elsewhere are not the same folder.
-    EXPECT_EQ(drawn({u"\\A\\X\\"_s, u"\\BB\\X\\"_s}), "A\n  X\nBB\n  X\n");
+    EXPECT_EQ(drawn({"\\A\\X\\", "\\B\\X\\DEEP\\"}), "A\n  X\nB\n  DEEP\n");
+    EXPECT_EQ(drawn({"\\A\\X\\", "\\B\\", "\\B\\X\\"}), "A\n  X\nB\n  X\n") << "as a scan makes it, nothing is lost";
+    EXPECT_EQ(drawn({"\\A\\X\\", "\\BB\\X\\"}), "A\n  X\nBB\n  X\n") << "the same letters at another place";
 }
 
-TEST(FolderTree, FortyLevelsAndNoMore)
+TEST(FolderTree, PathsThatNoScanMakesAreRefusedOrEndSoon)
 {
-    const QList<FolderNode> nodes = BuildFolderTree({deep(40)});
-    EXPECT_EQ(nodes.size(), 40);
-    EXPECT_EQ(FolderPathOf(nodes, 39), deep(40));
-    EXPECT_THROW(BuildFolderTree({deep(41)}), RuntimeError);
+    for (const QString empty : {"\\\\A\\", "\\\\", "\\A\\\\B\\", "A\\"})
+        EXPECT_THROW(BuildFolderTree({empty}), RuntimeError) << qPrintable(empty);
+    EXPECT_EQ(drawn({"", "X", "XA\\B\\", "\\C\\D"}), "C\nA\n  B\n");
+    EXPECT_EQ(BuildFolderTree({"\\" + QString("d\\").repeated(40)}).size(), 40);
+    EXPECT_THROW(BuildFolderTree({"\\" + QString("d\\").repeated(41)}), RuntimeError);
 }
 
-TEST(FolderTree, NodesKnowTheirPath)
+TEST(FolderModel, KeepsTheRulesOfModelsAndKnowsPaths)
 {
-    const QList<FolderNode> nodes = BuildFolderTree({u"\\"_s, u"\\A\\"_s, u"\\A\\B\\"_s});
-    EXPECT_EQ(FolderPathOf(nodes, 0), u"\\"_s);
-    EXPECT_EQ(FolderPathOf(nodes, 1), u"\\A\\"_s);
-    EXPECT_EQ(FolderPathOf(nodes, 2), u"\\A\\B\\"_s);
+    FolderModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    for (const QStringList& paths : {QStringList{"\\A\\X\\", "\\B\\X\\"}, {}, {"\\", "\\A\\", "\\A\\B\\", "\\C\\"}})
+        model.setNodes(BuildFolderTree(paths));
+    QStringList paths;
+    for (int node = 0; node < 4; ++node) paths += model.pathAt(model.indexOf(node));
+    EXPECT_EQ(paths, (QStringList{"\\", "\\A\\", "\\A\\B\\", "\\C\\"}));
 }

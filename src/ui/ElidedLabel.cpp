@@ -1,14 +1,21 @@
-#include "contents/ElidedLabel.h"
+#include "ui/ElidedLabel.h"
 
 #include <QHelpEvent>
 #include <QStyle>
 #include <QStylePainter>
 #include <QToolTip>
+#include <algorithm>
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize ElidedLabel::sizeHint() const
+{
+    const QSize whole = QLabel::sizeHint();
+    return {std::min(whole.width(), fontMetrics().averageCharWidth() * 40), whole.height()};
 }
 
 QSize ElidedLabel::minimumSizeHint() const

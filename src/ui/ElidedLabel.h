@@ -7,6 +7,8 @@ class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(QWidget* parent = nullptr);
 
+    /// Of the whole text, but of 40 average characters at most.
+    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
