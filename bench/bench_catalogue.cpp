@@ -42,7 +42,7 @@ struct Bench {
     SystemClock clock;
     DBEngine engine{clock};
     FakeDrives drives;
-    QtDialogs dialogs{{.commitBeforeModal = [this] { engine.Commit(); }, .lastFolder = {}, .keepLastFolder = {}}};
+    QtDialogs dialogs{engine, {}};
     XdgDesktop desktop;
     Program program{.applicationFolder = folder.path(),
                     .version = u"1.0.0"_s,

@@ -91,7 +91,7 @@ int main(int argc, char** argv)
     const SystemClock clock;
     DBEngine engine(clock);
     FakeDesktop desktop;
-    QtDialogs dialogs({});
+    QtDialogs dialogs(engine, {});
     std::unique_ptr<Drives> drives;
     if (argc > 1) {
         drives = CreateSystemDrives();
