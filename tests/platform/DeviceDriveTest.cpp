@@ -1,14 +1,11 @@
+#include "FileSystemImages.h"
 #include "LayoutText.h"
 #include "platform/DeviceContents.h"
 #include "platform/MountTable.h"
 #include "platform/SystemDrives.h"
 #include "platform/disc/CdText.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QThread>
 #include <atomic>
 #include <cerrno>
@@ -20,11 +17,7 @@
 namespace {
 /// What lies in the fake drive; a test changes it under the drive's eyes.
 struct Medium {
-    struct Track {
-        int number, sector;
-        bool audio;
-    };
-    QList<Track> tracks;
+    QList<std::tuple<int, int, bool>> tracks; ///< number, sector, audio
     int leadOut = 0, lastSession = 0;
     QByteArray data, cdText;
 };
@@ -74,7 +67,7 @@ public:
         if (medium->tracks.isEmpty()) return fail(EIO);
         if (request == CDROMREADTOCHDR) {
             ++m_bay.tableReads;
-            at<cdrom_tochdr>(argument) = {__u8(medium->tracks.first().number), __u8(medium->tracks.last().number)};
+            at<cdrom_tochdr>(argument) = {__u8(get<0>(medium->tracks.first())), __u8(get<0>(medium->tracks.last()))};
             return 0;
         }
         return request == CDROMREADTOCENTRY ? readEntry(*medium, at<cdrom_tocentry>(argument)) : fail(ENOTTY);
@@ -84,26 +77,21 @@ public:
         ++m_bay.contacts;
         const std::lock_guard lock(m_bay.mutex);
         if (!m_bay.medium) return fail(ENOMEDIUM);
-        const QByteArray part = m_bay.medium->data.mid(offset,
-                                                       std::min<qint64>(length, 3000)); // short, as reads may be
+        const QByteArray part = m_bay.medium->data.mid(offset, std::min<qint64>(length, 3000)); // short, as they may be
         std::copy(part.begin(), part.end(), bytes);
         return part.size();
     }
 
 private:
-    static int fail(int error)
-    {
-        errno = error;
-        return -1;
-    }
+    static int fail(int error) { return errno = error, -1; }
     static int readEntry(const Medium& medium, cdrom_tocentry& entry)
     {
         EXPECT_EQ(entry.cdte_format, CDROM_LBA);
         if (entry.cdte_track == CDROM_LEADOUT) return entry.cdte_addr.lba = medium.leadOut, 0;
-        for (const Medium::Track& track : medium.tracks) {
-            if (track.number != entry.cdte_track) continue;
-            entry.cdte_ctrl = track.audio ? 0 : CDROM_DATA_TRACK;
-            entry.cdte_addr.lba = track.sector;
+        for (const auto& [number, sector, audio] : medium.tracks) {
+            if (number != entry.cdte_track) continue;
+            entry.cdte_ctrl = audio ? 0 : CDROM_DATA_TRACK;
+            entry.cdte_addr.lba = sector;
             return 0;
         }
         return fail(EINVAL);
@@ -123,7 +111,7 @@ private:
 
 Medium audio(int leadOut) { return {{{1, 0, true}, {2, 7500, true}}, leadOut, 0, {}, {}}; }
 
-class DeviceDriveTest : public testing::Test {
+class DeviceDriveTest : public ImageTest {
 protected:
     std::unique_ptr<DeviceDrive> drive(std::chrono::milliseconds interval)
     {
@@ -137,21 +125,6 @@ protected:
             if (condition()) return true;
         return false;
     }
-    Medium data()
-    {
-        QTemporaryDir folder;
-        QDir(folder.path()).mkdir("tree");
-        QFile file(folder.filePath("tree/readme.txt"));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray(2 << 20, 'r'));
-        file.close();
-        QProcess::execute("genisoimage",
-                          {"-quiet", "-J", "-V", "DISC", "-o", folder.filePath("iso"), folder.filePath("tree")});
-        QFile iso(folder.filePath("iso"));
-        return iso.open(QIODevice::ReadOnly) ? Medium{{{1, 0, false}}, int(iso.size() / 2048), 0, iso.readAll(), {}}
-                                             : Medium();
-    }
-
     Bay bay;
 };
 constexpr std::chrono::hours Never(1);
@@ -188,18 +161,19 @@ TEST_F(DeviceDriveTest, NobodyLooksWhileADiscIsHeld)
 
 TEST_F(DeviceDriveTest, ADiscTakenOutIsNotMixedUpWithTheNext)
 {
-    const Medium medium = data();
-    if (medium.data.isEmpty()) GTEST_SKIP() << "genisoimage is not installed";
+    put("readme.txt", QByteArray(2 << 20, 'r'));
+    MAKE_IMAGE(genisoimage({"-J"}));
+    const Medium medium{{{1, 0, false}}, int(QFileInfo(image).size() / 2048), 0, contentsOf(image), {}};
     bay.put(medium);
     const auto drive = this->drive(Never);
-    EXPECT_EQ(drive->volume().label, "DISC");
+    EXPECT_EQ(drive->volume().label, "ARCHIVE");
     const auto disc = drive->disc();
     EXPECT_EQ(disc->read("\\", "readme.txt", 0, 10000), QByteArray(10000, 'r'));
 
     Medium other = medium;
     other.data.replace("rrrr", "ssss");
     bay.put(other);
-    EXPECT_EQ(drive->volume().label, "DISC");
+    EXPECT_EQ(drive->volume().label, "ARCHIVE");
     EXPECT_THROW(disc->read("\\", "readme.txt", 1 << 20, 10), DiscError);
     EXPECT_EQ(drive->disc()->read("\\", "readme.txt", 0, 1), "s");
 }

@@ -17,19 +17,11 @@ TEST(Drives, AreFoundByLetterDevicesFirst)
 
 TEST(AudioDisc, SerialIsTheOneOtherSystemsShow)
 {
-    const auto disc = FakeDisc::audio({{0, 2, 33},
-                                       {4, 32, 65},
-                                       {8, 46, 55},
-                                       {13, 1, 13},
-                                       {18, 10, 3},
-                                       {23, 30, 70},
-                                       {29, 39, 15},
-                                       {34, 24, 33},
-                                       {40, 12, 73},
-                                       {43, 22, 53},
-                                       {47, 7, 63},
-                                       {52, 9, 30}},
-                                      {60, 0, 0});
+    // clang-format off
+    const auto disc = FakeDisc::audio(
+        {{0, 2, 33}, {4, 32, 65}, {8, 46, 55}, {13, 1, 13}, {18, 10, 3}, {23, 30, 70}, {29, 39, 15}, {34, 24, 33},
+         {40, 12, 73}, {43, 22, 53}, {47, 7, 63}, {52, 9, 30}}, {60, 0, 0});
+    // clang-format on
     EXPECT_EQ(disc->volume(), (VolumeProperties{true, "Audio CD", 0x137EBFA, 221, 0, "CDFS"}));
     EXPECT_EQ(FakeDisc::audio({{0, 2, 0}, {3, 0, 0}}, {70, 33, 20})->volume().serial, 0x462114u);
 }

@@ -1,35 +1,16 @@
 #include "platform/Files.h"
-#include "platform/RuntimeError.h"
+#include "FileSystemImages.h"
 #include "platform/SingleInstance.h"
 #include "platform/XdgDesktop.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QThread>
 #include <cerrno>
 #include <functional>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
-void Put(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-    file.write(content);
-}
-
-QByteArray Get(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<no file>");
-}
-
 int ErrorOf(const std::function<void()>& action)
 {
     try {
@@ -50,84 +31,66 @@ private:
     uid_t m_was;
 };
 
-class Folder : public testing::Test {
-protected:
-    QString at(const char* name) const { return folder.filePath(name); }
-
-    QTemporaryDir folder;
-};
+using Files = ImageTest;
 }
-
-using Files = Folder;
-using Instance = Folder;
-using DesktopProgram = Folder;
 
 TEST_F(Files, ExistsOnlyAsAFileInAReachableFolder)
 {
-    Put(at("vinora.db"), "x");
+    write(at("vinora.db"), "x");
     EXPECT_TRUE(FileExists(at("vinora.db")));
     EXPECT_FALSE(FileExists(at("missing.db")));
-    EXPECT_FALSE(FileExists(folder.path()));
-    EXPECT_EQ(ErrorOf([&] { FileExists(at("gone/vinora.db")); }), 52);
-    EXPECT_EQ(ErrorOf([&] { FileExists(at("vinora.db/vinora.db")); }), 52);
-    EXPECT_EQ(ErrorOf([&] { FileExists(at(std::string(300, 'n').c_str())); }), 52);
+    EXPECT_FALSE(FileExists(tree));
+    for (const QString& unreachable : {QString("gone/vinora.db"), QString("vinora.db/vinora.db"), QString(300, u'n')})
+        EXPECT_EQ(ErrorOf([&] { FileExists(at(unreachable)); }), 52);
 }
 
 TEST_F(Files, ErrorsFollowWhatIsInTheWay)
 {
-    EXPECT_EQ(FileError(ENOENT, at("a")).number(), 53);
-    EXPECT_EQ(FileError(ENOENT, at("no/a")).number(), 76);
-    EXPECT_EQ(FileError(ENOSPC, at("a")).number(), 61);
-    EXPECT_EQ(FileError(ENOMEM, at("a")).number(), 7);
-    EXPECT_EQ(FileError(EIO, at("a")).number(), 57);
+    const std::tuple<int, const char*, int> errors[] = {
+        {ENOENT, "a", 53}, {ENOENT, "no/a", 76}, {ENOSPC, "a", 61}, {ENOMEM, "a", 7}, {EIO, "a", 57}};
+    for (const auto& [code, name, number] : errors) EXPECT_EQ(FileError(code, at(name)).number(), number) << code;
     EXPECT_TRUE(FileError(EIO, at("a")).description().contains(at("a")));
-
     EXPECT_EQ(ErrorOf([&] { DeleteFile(at("a")); }), 53);
-    EXPECT_EQ(ErrorOf([&] { DeleteFile(folder.path()); }), 75);
+    EXPECT_EQ(ErrorOf([&] { DeleteFile(tree); }), 75);
 
-    Put(at("secret"), "x");
+    write(at("secret"), "x");
     chmod(qPrintable(at("secret")), 0);
-    chmod(qPrintable(folder.path()), 0777);
-    {
-        AsOrdinaryUser user;
-        EXPECT_EQ(ErrorOf([&] { CopyFile(at("secret"), at("b")); }), 70);
-        EXPECT_EQ(ErrorOf([&] { CopyFile("/proc/self/maps", at("secret")); }), 70);
-    }
-    chmod(qPrintable(folder.path()), 0555);
-    {
-        AsOrdinaryUser user;
-        EXPECT_EQ(ErrorOf([&] { CopyFile("/proc/self/maps", at("b")); }), 75);
-    }
-    chmod(qPrintable(folder.path()), 0700);
-    EXPECT_EQ(Get(at("secret")), "x");
+    const auto copyAs = [&](int rights, const QString& from, const QString& to) {
+        chmod(qPrintable(temporary.path()), static_cast<mode_t>(rights));
+        const AsOrdinaryUser user;
+        return ErrorOf([&] { CopyFile(from, to); });
+    };
+    EXPECT_EQ(copyAs(0777, at("secret"), at("b")), 70);
+    EXPECT_EQ(copyAs(0777, "/proc/self/maps", at("secret")), 70);
+    EXPECT_EQ(copyAs(0555, "/proc/self/maps", at("b")), 75);
+    chmod(qPrintable(temporary.path()), 0700);
+    EXPECT_EQ(contentsOf(at("secret")), "x");
 }
 
 TEST_F(Files, CopiesWholeOrNotAtAll)
 {
     QByteArray content;
     for (int i = 0; i < (3 << 20) + 7; ++i) content.append(char(i * 7));
-    Put(at("from"), content);
-    Put(at("to"), "older and to be replaced");
-    CopyFile(at("from"), at("to"));
-    EXPECT_EQ(Get(at("to")), content);
-    CopyFile(at("to"), at("to"));
-    EXPECT_EQ(Get(at("to")), content);
-
-    EXPECT_EQ(ErrorOf([&] { CopyFile(at("missing"), at("to")); }), 53);
-    EXPECT_EQ(ErrorOf([&] { CopyFile(folder.path(), at("to")); }), 75);
-    EXPECT_EQ(ErrorOf([&] { CopyFile(at("from"), folder.path()); }), 75);
-    EXPECT_EQ(ErrorOf([&] { CopyFile("/dev/null", at("to")); }), 75);
-    EXPECT_EQ(ErrorOf([&] { CopyFile(at("from"), at("no/to")); }), 76);
-    EXPECT_EQ(Get(at("to")), content);
+    write(at("from"), content);
+    write(at("to"), "older and to be replaced");
+    for (const char* from : {"from", "to"}) {
+        CopyFile(at(from), at("to"));
+        EXPECT_EQ(contentsOf(at("to")), content);
+    }
+    const std::tuple<QString, QString, int> failures[] = {{at("missing"), at("to"), 53},
+                                                          {tree, at("to"), 75},
+                                                          {at("from"), tree, 75},
+                                                          {"/dev/null", at("to"), 75},
+                                                          {at("from"), at("no/to"), 76}};
+    for (const auto& [from, to, number] : failures) EXPECT_EQ(ErrorOf([&] { CopyFile(from, to); }), number);
+    EXPECT_EQ(contentsOf(at("to")), content);
 
     QFile::link(at("to"), at("link"));
-    Put(at("from"), "short");
+    write(at("from"), "short");
     CopyFile(at("from"), at("link"));
     EXPECT_TRUE(QFileInfo(at("link")).isSymLink());
-    EXPECT_EQ(Get(at("to")), "short");
-
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name),
-              QStringList({"from", "link", "to"}));
+    EXPECT_EQ(contentsOf(at("to")), "short");
+    EXPECT_EQ(QDir(temporary.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"from", "link", "to"}));
     DeleteFile(at("link"));
     EXPECT_TRUE(FileExists(at("to")));
 }
@@ -137,49 +100,48 @@ TEST_F(Files, ApplicationFolderIsTheProgramsOwnUnlessItCannotHoldData)
     qputenv("XDG_DATA_HOME", at("home").toUtf8());
     qputenv("XDG_CONFIG_HOME", at("config").toUtf8());
     EXPECT_EQ(SystemProfileFolder(), at("config"));
-    EXPECT_EQ(ApplicationFolder(folder.path() + "/"), folder.path());
-
+    EXPECT_EQ(ApplicationFolder(tree + "/"), tree);
     EXPECT_EQ(ApplicationFolder(at("not there")), at("home/vinora"));
     EXPECT_TRUE(QFileInfo(at("home/vinora")).isDir());
 }
 
-TEST_F(Instance, OneAtATimeAndADeadOneDoesNotCount)
+TEST_F(Files, OneInstanceAtATimeAndADeadOneDoesNotCount)
 {
     {
-        SingleInstance first(folder.path());
+        SingleInstance first(tree);
         EXPECT_TRUE(first.acquired());
-        EXPECT_FALSE(SingleInstance(folder.path()).acquired());
+        EXPECT_FALSE(SingleInstance(tree).acquired());
     }
-    EXPECT_TRUE(SingleInstance(folder.path()).acquired());
+    EXPECT_TRUE(SingleInstance(tree).acquired());
 
     QProcess dead;
     dead.start("true", QStringList());
     const qint64 pid = dead.processId();
     dead.waitForFinished();
-    Put(at("vinora.lock"), QByteArray::number(pid) + "\ntrue\n" + QSysInfo::machineHostName().toUtf8() + "\n");
-    EXPECT_TRUE(SingleInstance(folder.path()).acquired());
+    put("vinora.lock", QByteArray::number(pid) + "\ntrue\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    EXPECT_TRUE(SingleInstance(tree).acquired());
 }
 
-TEST_F(DesktopProgram, IsAskedForFilesFoldersAndLinks)
+TEST_F(Files, FoldersAndLinksAreOpenedByTheDesktopsProgram)
 {
     const QByteArray path = qgetenv("PATH");
     XdgDesktop desktop;
-    Put(at("a b.txt"), "x");
-    qputenv("PATH", folder.path().toUtf8());
+    write(at("a b.txt"), "x");
+    qputenv("PATH", temporary.path().toUtf8());
     EXPECT_FALSE(desktop.openFile(at("a b.txt"))) << "no xdg-open";
 
-    Put(at("xdg-open"), "#!/bin/sh\necho \"$1\" >>" + at("asked").toUtf8() + "\n");
+    write(at("xdg-open"), "#!/bin/sh\necho \"$1\" >>" + at("asked").toUtf8() + "\n");
     chmod(qPrintable(at("xdg-open")), 0755);
     const auto asked = [&](bool started) {
         if (!started) return QString("refused");
         QElapsedTimer timer;
         for (timer.start(); !QFileInfo(at("asked")).size() && timer.elapsed() < 10000;) QThread::msleep(5);
-        const QString answer = Get(at("asked")).trimmed();
+        const QString answer = contentsOf(at("asked")).trimmed();
         QFile::remove(at("asked"));
         return answer;
     };
     EXPECT_EQ(asked(desktop.openFile(at("a b.txt"))), at("a b.txt"));
-    EXPECT_EQ(asked(desktop.openFolderOf(at("gone.txt"))), folder.path());
+    EXPECT_EQ(asked(desktop.openFolderOf(at("gone.txt"))), temporary.path());
     EXPECT_EQ(asked(desktop.openLink("http://example.org/ü?q=1")), "http://example.org/%C3%BC?q=1");
     EXPECT_EQ(asked(desktop.openFile(at("gone.txt"))), "refused");
     EXPECT_EQ(asked(desktop.openLink("file:///etc/passwd")), "refused");

@@ -3,7 +3,7 @@
 #include "platform/disc/DiscLayout.h"
 
 #include <QMap>
-#include <QtEndian>
+#include <QTextStream>
 #include <gtest/gtest.h>
 #include <ostream>
 
@@ -17,50 +17,22 @@ inline QString text(const Msf& position)
 /// A line per track, the lead-out, then a line per extent: "frame+sectors file@offset size/user".
 inline std::string text(const DiscLayout& layout)
 {
+    QString lines;
+    QTextStream out(&lines);
     const auto titles = [](const QString& title, const QString& performer) {
-        return title.isEmpty() && performer.isEmpty() ? QString() : " " + performer + " - " + title;
+        return title.isEmpty() && performer.isEmpty() ? "\n" : " " + performer + " - " + title + u'\n';
     };
     const TableOfContents& contents = layout.contents;
-    QString lines;
     for (const DiscTrack& track : contents.tracks)
-        lines += QString::number(track.number) + (track.audio ? " audio " : " data ") + text(track.start) +
-                 titles(track.title, track.performer) + u'\n';
-    lines += "out " + text(contents.leadOut) + titles(contents.title, contents.performer) + u'\n';
+        out << track.number << (track.audio ? " audio " : " data ") << text(track.start)
+            << titles(track.title, track.performer);
+    out << "out " << text(contents.leadOut) << titles(contents.title, contents.performer);
     for (const DataExtent& extent : layout.data)
-        lines += QString("%1+%2 %3@%4 %5/%6\n")
-                     .arg(extent.frame)
-                     .arg(extent.sectors)
-                     .arg(extent.path)
-                     .arg(extent.offset)
-                     .arg(extent.format.size)
-                     .arg(extent.format.user);
-    if (layout.lastSession > LeadInFrames) lines += QString("session %1\n").arg(layout.lastSession);
+        out << extent.frame << '+' << extent.sectors << ' ' << extent.path << '@' << extent.offset << ' '
+            << extent.format.size << '/' << extent.format.user << '\n';
+    if (layout.lastSession > LeadInFrames) out << "session " << layout.lastSession << '\n';
     return lines.toStdString();
 }
-
-/// Files that exist in name and length only: raw ones by their bytes, sound by its frames.
-class NamedFiles {
-public:
-    NamedFiles& raw(const QString& name, qint64 length)
-    {
-        files[name] = {name, 0, length, false};
-        return *this;
-    }
-    NamedFiles& sound(const QString& name, qint64 frames)
-    {
-        files[name] = {name, 0, frames * 2352, true};
-        return *this;
-    }
-    operator FindSectorFile() const
-    {
-        return [files = files](const QString& name) {
-            return files.contains(name) ? std::optional(files[name]) : std::nullopt;
-        };
-    }
-
-private:
-    QMap<QString, SectorFile> files;
-};
 
 /// What came of it: the layout, or the error.
 template<class Read> std::string outcome(Read read)

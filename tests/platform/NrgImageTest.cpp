@@ -3,6 +3,8 @@
 #include "LayoutText.h"
 #include "platform/disc/CdText.h"
 
+#include <QtEndian>
+
 namespace {
 template<class Number> QByteArray big(Number value)
 {
@@ -102,15 +104,11 @@ TEST(NrgImage, DamageHasOneWayOut)
         return nrg(writer.chunk("DAOX", writer.dao(1, {track})).image());
     };
     EXPECT_EQ(with({2352, 7, 0, 0, 23520}), "1 audio 00:02:00\nout 00:02:10\n");
-    for (const QList<qint64>& track : QList<QList<qint64>>{{2352, 9, 0, 0, 23520},
-                                                           {2048, 7, 0, 0, 23520},
-                                                           {2352, 7, 1, 0, 5},
-                                                           {2352, 7, 0, 0, 1 << 30},
-                                                           {2352, 7, 0, 0, -1},
-                                                           {0, 7, 0, 0, 9}})
+    const QList<qint64> damaged[] = {{2352, 9, 0, 0, 23520},   {2048, 7, 0, 0, 23520}, {2352, 7, 1, 0, 5},
+                                     {2352, 7, 0, 0, 1 << 30}, {2352, 7, 0, 0, -1},    {0, 7, 0, 0, 9}};
+    for (const QList<qint64>& track : damaged)
         EXPECT_TRUE(with(track).starts_with("error")) << track[1] << " " << track[4];
-    EXPECT_TRUE(nrg("NER5" + big<qint64>(-5)).starts_with("error"));
-    EXPECT_TRUE(nrg("NER5" + big<qint64>(0)).starts_with("error"));
+    for (const qint64 chunks : {-5, 0}) EXPECT_TRUE(nrg("NER5" + big<qint64>(chunks)).starts_with("error"));
     EXPECT_EQ(nrg("no footer at all"), "out 00:00:00\n");
 
     NrgWriter writer{false, 2352 * 10};

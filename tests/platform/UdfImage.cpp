@@ -3,10 +3,23 @@
 #include <QtEndian>
 #include <algorithm>
 
-static void Put16(QByteArray& bytes, int at, quint16 value) { qToLittleEndian(value, bytes.data() + at); }
-static void Put32(QByteArray& bytes, int at, quint32 value) { qToLittleEndian(value, bytes.data() + at); }
+namespace {
+/// A descriptor in the making: numbers and bytes, each put at its position.
+class Bytes : public QByteArray {
+public:
+    explicit Bytes(qsizetype size) : QByteArray(size, 0) {}
 
-static quint16 Crc(const QByteArray& bytes)
+    Bytes& u8(int at, int value) { return number(at, static_cast<quint8>(value)); }
+    Bytes& u16(int at, qsizetype value) { return number(at, static_cast<quint16>(value)); }
+    Bytes& u32(int at, qsizetype value) { return number(at, static_cast<quint32>(value)); }
+    Bytes& u64(int at, qsizetype value) { return number(at, static_cast<quint64>(value)); }
+    Bytes& part(int at, const QByteArray& bytes) { return replace(at, bytes.size(), bytes), *this; }
+
+private:
+    template<class Number> Bytes& number(int at, Number value) { return qToLittleEndian(value, data() + at), *this; }
+};
+
+quint16 Crc(const QByteArray& bytes)
 {
     quint16 crc = 0;
     for (const char c : bytes) {
@@ -16,14 +29,23 @@ static quint16 Crc(const QByteArray& bytes)
     return crc;
 }
 
-static char TagSum(const char* tag)
+char TagSum(const char* tag)
 {
     quint8 sum = 0;
     for (int i = 0; i < 16; ++i) sum += i == 4 ? 0 : static_cast<quint8>(tag[i]);
     return static_cast<char>(sum);
 }
 
-static QByteArray Compressed(const QString& text)
+/// The descriptor with its tag.
+QByteArray Sealed(int tag, quint32 location, const QByteArray& descriptor)
+{
+    const Bytes head = Bytes(16).u16(0, tag).u16(2, 3).u16(10, descriptor.size() - 16).u32(12, location);
+    QByteArray sealed = head + descriptor.sliced(16);
+    UdfImage::reseal(sealed, {0});
+    return sealed;
+}
+
+QByteArray Compressed(const QString& text)
 {
     const bool wide = std::ranges::any_of(text, [](QChar c) { return c.unicode() > 255; });
     QByteArray bytes(1, wide ? 16 : 8);
@@ -34,34 +56,24 @@ static QByteArray Compressed(const QString& text)
     return bytes;
 }
 
-static QByteArray DString(const QString& text, int size)
+QByteArray DString(const QString& text)
 {
-    QByteArray bytes = Compressed(text);
-    const int used = static_cast<int>(bytes.size());
-    bytes.resize(size, 0);
-    bytes[size - 1] = static_cast<char>(used);
-    return bytes;
+    const QByteArray bytes = Compressed(text);
+    return bytes.leftJustified(127, '\0') + static_cast<char>(bytes.size());
 }
 
-static QByteArray LongDescriptor(quint32 length, quint32 block, quint16 partition)
+QByteArray LongDescriptor(quint32 length, quint32 block, quint16 partition)
 {
-    QByteArray bytes(16, 0);
-    Put32(bytes, 0, length);
-    Put32(bytes, 4, block);
-    Put16(bytes, 8, partition);
-    return bytes;
+    return Bytes(16).u32(0, length).u32(4, block).u16(8, partition);
+}
 }
 
 QByteArray UdfImage::build(const Item& root)
 {
     m_image = QByteArray(qsizetype(partitionStart + 64) * m_blockSize, 0);
     const quint32 fileSet = newEntry();
-    const quint32 rootEntry = writeItem(root);
-
-    QByteArray set(512, 0);
-    set.replace(400, 16, LongDescriptor(m_blockSize, rootEntry, entryPartition()));
-    seal(set, 256, fileSet, 512);
-    write(medium(entryPartition(), fileSet), set);
+    const QByteArray rootEntry = LongDescriptor(m_blockSize, writeItem(root), entryPartition());
+    write(medium(entryPartition(), fileSet), Sealed(256, fileSet, Bytes(512).part(400, rootEntry)));
     writeVolume();
     if (m_kind == virtualOld || m_kind == virtualNew) writeTable();
     return m_image;
@@ -94,15 +106,6 @@ void UdfImage::write(quint32 mediumBlock, const QByteArray& bytes)
     m_image.replace(at, bytes.size(), bytes);
 }
 
-void UdfImage::seal(QByteArray& descriptor, int tag, quint32 location, int size)
-{
-    Put16(descriptor, 0, tag);
-    Put16(descriptor, 2, 3);
-    Put16(descriptor, 10, size - 16);
-    Put32(descriptor, 12, location);
-    reseal(descriptor, {0});
-}
-
 void UdfImage::reseal(QByteArray& image, const QList<qsizetype>& places)
 {
     for (auto place = places.crbegin(); place != places.crend(); ++place) {
@@ -127,14 +130,12 @@ QByteArray UdfImage::identifiers(const Item& folder, quint32 own, quint32 parent
 {
     QByteArray all;
     const auto add = [&](const QByteArray& name, quint8 characteristics, quint32 block) {
-        QByteArray one((38 + name.size() + 3) / 4 * 4, 0);
-        Put16(one, 16, 1);
-        one[18] = static_cast<char>(characteristics);
-        one[19] = static_cast<char>(name.size());
-        one.replace(20, 16, LongDescriptor(m_blockSize, block, entryPartition()));
-        one.replace(38, name.size(), name);
-        seal(one, 257, 0, static_cast<int>(38 + name.size()));
-        all += one;
+        const Bytes head = Bytes(38)
+                               .u16(16, 1)
+                               .u8(18, characteristics)
+                               .u8(19, static_cast<int>(name.size()))
+                               .part(20, LongDescriptor(m_blockSize, block, entryPartition()));
+        all += Sealed(257, 0, head + name).leftJustified((38 + name.size() + 3) / 4 * 4, '\0');
     };
     add({}, directory | 8, parent);
     for (const Item& child : folder.children) add(Compressed(child.name), child.characteristics, writeItem(child, own));
@@ -145,27 +146,29 @@ quint32 UdfImage::writeItem(const Item& item, std::optional<quint32> parent)
 {
     const bool isFolder = item.characteristics & directory;
     Item content = item;
-    const quint32 block = newEntry();
+    quint32 block = newEntry();
     if (isFolder) content.bytes = identifiers(item, block, parent.value_or(block));
     write(medium(entryPartition(), block), entry(isFolder ? 4 : 5, content, block, entryPartition()));
+    for (int i = 0; i < item.olderEntries; ++i) {
+        const quint32 older = m_nextData;
+        m_nextData += 2;
+        write(medium(0, older), entry(5, {}, older, 0, 4096));
+        const Bytes indirect = Bytes(52).part(36, LongDescriptor(m_blockSize, block, 0));
+        write(medium(0, older + 1), Sealed(259, older + 1, indirect));
+        block = older;
+    }
     return block;
 }
 
-QByteArray UdfImage::entry(quint8 type, const Item& item, quint32 location, quint16 partition)
+QByteArray UdfImage::entry(quint8 type, const Item& item, quint32 location, quint16 partition, int strategy)
 {
     const bool extended = m_kind == metadata;
     const int lengths = extended ? 208 : 168;
     const QByteArray tail = item.form == inlineForm ? item.bytes : descriptors(item, partition);
-    QByteArray bytes(lengths + 8, 0);
-    Put16(bytes, 20, 4);
-    bytes[27] = static_cast<char>(type);
-    Put16(bytes, 34, item.form);
-    qToLittleEndian<quint64>(item.bytes.size(), bytes.data() + 56);
-    Put32(bytes, lengths + 4, static_cast<quint32>(tail.size()));
-    bytes += tail;
-    Q_ASSERT(bytes.size() <= m_blockSize);
-    seal(bytes, extended ? 266 : 261, location, static_cast<int>(bytes.size()));
-    return bytes;
+    Bytes head = Bytes(lengths + 8).u16(20, strategy).u8(27, type).u16(34, item.form);
+    head.u64(56, item.bytes.size()).u32(lengths + 4, tail.size());
+    Q_ASSERT(head.size() + tail.size() <= m_blockSize);
+    return Sealed(extended ? 266 : 261, location, head + tail);
 }
 
 /// A block per piece, with a gap between them; pieces of zeros are not recorded. Short descriptors cannot name the
@@ -173,66 +176,45 @@ QByteArray UdfImage::entry(quint8 type, const Item& item, quint32 location, quin
 QByteArray UdfImage::descriptors(const Item& item, quint16 partition)
 {
     const quint16 where = item.form == shortForm ? partition : 0;
-    const auto newBlock = [&] { return where ? newEntry() : (m_nextData += 2) - 1; };
-    const auto descriptor = [&](quint32 length, quint32 block) {
-        QByteArray bytes = LongDescriptor(length, block, where);
-        if (item.form == shortForm) bytes.truncate(8);
-        if (item.form == extendedForm)
-            bytes = bytes.first(4) + bytes.first(4) + bytes.first(4) + bytes.sliced(4, 6) + QByteArray(2, 0);
-        return bytes;
+    const auto writeBlock = [&](auto bytesFor) {
+        const quint32 block = where ? newEntry() : (m_nextData += 2) - 1;
+        write(medium(where, block), bytesFor(block));
+        return block;
     };
-    QList<QByteArray> blocks{{}};
-    int count = 0;
+    const auto descriptor = [&](quint32 length, quint32 block) {
+        const QByteArray bytes = LongDescriptor(length, block, where);
+        if (item.form == shortForm) return bytes.first(8);
+        if (item.form == longForm) return bytes;
+        return bytes.first(4) + bytes.first(4) + bytes.first(4) + bytes.sliced(4, 6) + QByteArray(2, 0);
+    };
+    QList<QByteArray> pieces;
     for (qsizetype at = 0; at < item.bytes.size(); at += m_blockSize) {
-        if (count++ == item.descriptorsPerBlock) {
-            blocks.append(QByteArray());
-            count = 1;
-        }
         const QByteArray piece = item.bytes.mid(at, m_blockSize);
         const auto length = static_cast<quint32>(piece.size());
-        if (piece.count('\0') == piece.size()) {
-            blocks.last() += descriptor(length | 0x80000000, 0);
-        } else {
-            const quint32 block = newBlock();
-            write(medium(where, block), piece);
-            blocks.last() += descriptor(length, block);
-        }
+        const bool blank = piece.count('\0') == piece.size();
+        pieces += blank ? descriptor(length | 0x80000000, 0)
+                        : descriptor(length, writeBlock([&](quint32) { return piece; }));
     }
-    while (blocks.size() > 1) {
-        QByteArray extent(24, 0);
-        const QByteArray last = blocks.takeLast();
-        Put32(extent, 20, static_cast<quint32>(last.size()));
-        extent += last;
-        const quint32 block = newBlock();
-        seal(extent, 258, block, static_cast<int>(extent.size()));
-        write(medium(where, block), extent);
-        blocks.last() += descriptor(m_blockSize | 0xC0000000, block);
+    const qsizetype perBlock = item.descriptorsPerBlock;
+    QByteArray chunk;
+    for (qsizetype first = std::max<qsizetype>(pieces.size() - 1, 0) / perBlock * perBlock;; first -= perBlock) {
+        chunk = pieces.mid(first, perBlock).join() + chunk;
+        if (!first) return chunk;
+        const quint32 next = writeBlock(
+            [&](quint32 block) { return Sealed(258, block, Bytes(24).u32(20, chunk.size()) + chunk); });
+        chunk = descriptor(m_blockSize | 0xC0000000, next);
     }
-    return blocks.first();
 }
 
 QByteArray UdfImage::maps() const
 {
-    QByteArray physical(6, 0), other(64, 0);
-    physical[0] = 1;
-    physical[1] = 6;
-    other[0] = 2;
-    other[1] = 64;
     const char* names[] = {"", "*UDF Sparable Partition", "*UDF Virtual Partition", "*UDF Virtual Partition",
                            "*UDF Metadata Partition"};
-    other.replace(5, qstrlen(names[m_kind]), names[m_kind]);
-    if (m_kind == sparable) {
-        Put16(other, 40, packet);
-        other[42] = 1;
-        Put32(other, 44, 512);
-        Put32(other, 48, sparingTable);
-        return other;
-    }
-    if (m_kind == metadata) {
-        Put32(other, 40, 1500);
-        Put32(other, 44, 1501);
-    }
-    return m_kind == plain ? physical : physical + other;
+    Bytes other = Bytes(64).u8(0, 2).u8(1, 64).part(5, names[m_kind]);
+    if (m_kind == sparable) other.u16(40, packet).u8(42, 1).u32(44, 512).u32(48, sparingTable);
+    if (m_kind == metadata) other.u32(40, 1500).u32(44, 1501);
+    const QByteArray physical = Bytes(6).u8(0, 1).u8(1, 6);
+    return m_kind == plain ? physical : m_kind == sparable ? QByteArray(other) : physical + other;
 }
 
 void UdfImage::writeVolume()
@@ -242,80 +224,38 @@ void UdfImage::writeVolume()
     const char* recognition[] = {"BEA01", "NSR03", "TEA01"};
     for (int i = 0; i < 3; ++i) m_image.replace(32768 + i * step + 1, 5, recognition[i]);
 
-    QByteArray anchor(512, 0);
-    Put32(anchor, 16, 16 * m_blockSize);
-    Put32(anchor, 20, sequence);
-    seal(anchor, 2, 256, 512);
-    write(256, anchor);
-
-    QByteArray partition(512, 0);
-    Put32(partition, 188, partitionStart);
-    Put32(partition, 192, partitionLength);
-    seal(partition, 5, sequence, 512);
-    write(sequence, partition);
-
     const QByteArray map = maps();
-    QByteArray logical(440, 0);
-    logical.replace(84, 128, DString(QStringLiteral("Том"), 128));
-    Put32(logical, 212, m_blockSize);
-    logical.replace(248, 16, LongDescriptor(m_blockSize, 0, entryPartition()));
-    Put32(logical, 264, static_cast<quint32>(map.size()));
-    Put32(logical, 268, map.size() > 64 ? 2 : 1);
-    logical += map;
-    seal(logical, 6, sequence + 1, static_cast<int>(logical.size()));
-    write(sequence + 1, logical);
-    QByteArray end(512, 0);
-    seal(end, 8, sequence + 2, 512);
-    write(sequence + 2, end);
-
+    const auto descriptor = [&](int tag, quint32 block, const QByteArray& bytes) {
+        write(block, Sealed(tag, block, bytes));
+    };
+    descriptor(2, 256, Bytes(512).u32(16, 16 * m_blockSize).u32(20, sequence));
+    descriptor(5, sequence, Bytes(512).u32(188, partitionStart).u32(192, partitionLength));
+    Bytes logical = Bytes(440).part(84, DString("Том")).u32(212, m_blockSize);
+    logical.part(248, LongDescriptor(m_blockSize, 0, entryPartition()));
+    descriptor(6, sequence + 1, logical.u32(264, map.size()).u32(268, map.size() > 64 ? 2 : 1) + map);
+    descriptor(8, sequence + 2, Bytes(512));
     if (m_kind == sparable) {
-        QByteArray table(512, 0);
-        table.replace(17, 18, "*UDF Sparing Table");
-        Put16(table, 48, 2);
-        Put32(table, 56, 0);
-        Put32(table, 60, sparePlace);
-        Put32(table, 64, 0xFFFFFFFF);
-        seal(table, 0, sparingTable, 512);
-        write(sparingTable, table);
+        Bytes table = Bytes(512).part(17, "*UDF Sparing Table").u16(48, 2);
+        descriptor(0, sparingTable, table.u32(60, sparePlace).u32(64, 0xFFFFFFFF));
     }
-    if (m_kind == metadata) {
-        QByteArray extents(16, 0);
-        Put32(extents, 0, metadataSplit * m_blockSize);
-        Put32(extents, 4, 3000);
-        Put32(extents, 8, 500 * m_blockSize);
-        Put32(extents, 12, 2000);
-        for (const quint32 copy : {0u, 1u}) {
-            QByteArray file(216, 0);
-            Put16(file, 20, 4);
-            file[27] = static_cast<char>(250 + copy);
-            qToLittleEndian<quint64>((metadataSplit + 500) * m_blockSize, file.data() + 56);
-            Put32(file, 212, 16);
-            file += extents;
-            seal(file, 266, 1500 + copy, static_cast<int>(file.size()));
-            write(partitionStart + 1500 + copy, file);
-        }
+    if (m_kind != metadata) return;
+    const Bytes extents =
+        Bytes(16).u32(0, metadataSplit * m_blockSize).u32(4, 3000).u32(8, 500 * m_blockSize).u32(12, 2000);
+    for (const quint32 copy : {0u, 1u}) {
+        Bytes file = Bytes(216).u16(20, 4).u8(27, 250 + static_cast<int>(copy));
+        file.u64(56, (metadataSplit + 500) * m_blockSize).u32(212, 16);
+        write(partitionStart + 1500 + copy, Sealed(266, 1500 + copy, file + extents));
     }
 }
 
 void UdfImage::writeTable()
 {
-    QByteArray numbers(m_table.size() * 4, 0);
-    for (int i = 0; i < m_table.size(); ++i) Put32(numbers, i * 4, m_table[i]);
-    QByteArray header, trailer;
-    if (m_kind == virtualNew) {
-        header = QByteArray(152, 0);
-        Put16(header, 0, 152);
-        header.replace(4, 128, DString(QStringLiteral("Имя из таблицы"), 128));
-    } else {
-        trailer = QByteArray(36, 0);
-        trailer.replace(1, 22, "*UDF Virtual Alloc Tbl");
-    }
-    const Item table{{}, header + numbers + trailer, shortForm};
-    const quint8 type = m_kind == virtualNew ? 248 : 0;
-    // Its own pieces are written on the way, so its place is known afterwards: once for the size, once for good.
-    const QByteArray draft = entry(type, table, 0, 0);
-    const quint32 place = static_cast<quint32>(m_image.size() / m_blockSize);
-    QByteArray last = draft;
-    seal(last, 261, place - partitionStart, static_cast<int>(last.size()));
-    write(place, last);
+    Bytes numbers(m_table.size() * 4);
+    for (int i = 0; i < m_table.size(); ++i) numbers.u32(i * 4, m_table[i]);
+    const QByteArray bytes = m_kind == virtualNew ? Bytes(152).u16(0, 152).part(4, DString("Имя из таблицы")) + numbers
+                                                  : numbers + Bytes(36).part(1, "*UDF Virtual Alloc Tbl");
+    // Its own pieces are written on the way, so its place is known afterwards.
+    const QByteArray draft = entry(m_kind == virtualNew ? 248 : 0, {{}, bytes, shortForm}, 0, 0);
+    const auto place = static_cast<quint32>(m_image.size() / m_blockSize);
+    write(place, Sealed(261, place - partitionStart, draft));
 }

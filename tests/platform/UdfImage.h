@@ -20,6 +20,7 @@ public:
         int descriptorsPerBlock = 1000; ///< more than these go on in a further block
         quint8 characteristics = 0;
         QList<Item> children{};
+        int olderEntries = 0; ///< each leads to the one that took its place; for kind `plain`
     };
     static Item folder(const QString& name, const QList<Item>& children, Form form = inlineForm, int perBlock = 1000)
     {
@@ -42,10 +43,9 @@ private:
     quint32 newEntry();
     quint32 medium(quint16 partition, quint32 block) const;
     void write(quint32 mediumBlock, const QByteArray& bytes);
-    static void seal(QByteArray& descriptor, int tag, quint32 location, int size);
     QByteArray identifiers(const Item& folder, quint32 own, quint32 parent);
     quint32 writeItem(const Item& item, std::optional<quint32> parent = {});
-    QByteArray entry(quint8 type, const Item& item, quint32 location, quint16 partition);
+    QByteArray entry(quint8 type, const Item& item, quint32 location, quint16 partition, int strategy = 4);
     QByteArray descriptors(const Item& item, quint16 partition);
     QByteArray maps() const;
     void writeVolume();

@@ -1,8 +1,5 @@
 #include "FileSystemImages.h"
 #include "UdfImage.h"
-#include "platform/Literals.h"
-
-#include <gmock/gmock.h>
 
 namespace {
 
@@ -12,24 +9,22 @@ class Udf : public ImageTest {};
 
 TEST_F(Udf, BridgeListsWhatWasPutInAndPrefersUdf)
 {
-    put(u"readme.txt"_s, "read me");
-    put(u"Музыка/Деревня и люди.mp3"_s, QByteArray(5000, 'm') + "end");
-    put(u"Latin é/x.y"_s);
+    put("readme.txt", "read me");
+    put("Музыка/Деревня и люди.mp3", QByteArray(5000, 'm') + "end");
+    put("Latin é/x.y");
     put(QString(60, u'ю'), "long");
-    MAKE_IMAGE(genisoimage({u"-J"_s, u"-R"_s, u"-udf"_s}));
+    MAKE_IMAGE(genisoimage({"-J", "-R", "-udf"}));
     const auto system = open();
     EXPECT_EQ(printTree(*system), printDisk(tree));
-    EXPECT_EQ(system->read(u"\\Музыка\\"_s, u"Деревня и люди.mp3"_s, 4999, 100), "mend");
-    const VolumeProperties volume = system->volume();
-    EXPECT_EQ(volume.fileSystem, u"UDF"_s);
-    EXPECT_EQ(volume.label, u"ARCHIVE"_s);
-    EXPECT_EQ(volume.maximumComponentLength, 255u);
+    EXPECT_EQ(system->read("\\Музыка\\", "Деревня и люди.mp3", 4999, 100), "mend");
+    VolumeProperties expected{true, "ARCHIVE", system->volume().serial, 255, 0x80007, "UDF"};
+    EXPECT_EQ(system->volume(), expected);
 
     // Without its anchors only the other half of the bridge is left.
     QByteArray bytes = contentsOf(image);
     for (qsizetype at = 256 * 2048; at < bytes.size(); at += 2048)
         if (bytes[at] == 2) bytes[at] = 0;
-    EXPECT_EQ(openBytes(bytes)->volume().fileSystem, u"CDFS"_s);
+    EXPECT_EQ(openBytes(bytes)->volume().fileSystem, "CDFS");
 }
 
 /// Options of the tool.
@@ -37,17 +32,17 @@ class UdfMedia : public Udf, public testing::WithParamInterface<const char*> {};
 
 TEST_P(UdfMedia, EmptyVolumeTellsLabelAndSerial)
 {
-    const QStringList arguments = QStringList{u"--utf8"_s, u"--label=Диск № 1"_s, u"--new-file"_s} +
-                                  QString::fromLatin1(GetParam()).split(u' ') + QStringList{image, u"150000"_s};
-    MAKE_IMAGE(run(u"mkudffs"_s, arguments));
+    const QStringList arguments = QStringList{"--utf8", "--label=Диск № 1", "--new-file"} +
+                                  QString(GetParam()).split(u' ') + QStringList{image, "150000"};
+    MAKE_IMAGE(run("mkudffs", arguments));
     const auto system = open();
     ASSERT_TRUE(system);
-    const QSet<QString> ofTheTool{u"\\lost+found\\"_s, u"\\Non-Allocatable Space 0 h"_s};
+    const QStringList ofTheTool{"\\lost+found\\", "\\Non-Allocatable Space 0 h"};
     for (const QString& line : printTree(*system)) EXPECT_TRUE(ofTheTool.contains(line)) << line.toStdString();
-    EXPECT_EQ(system->volume().label, u"Диск № 1"_s);
+    EXPECT_EQ(system->volume().label, "Диск № 1");
 
     QProcess info;
-    info.start(u"udfinfo"_s, {image});
+    info.start("udfinfo", {image});
     if (!info.waitForFinished()) GTEST_SKIP() << "udfinfo is not installed";
     const QString serial = QString::number(system->volume().serial, 16).rightJustified(8, u'0');
     EXPECT_THAT(info.readAll().toStdString(), testing::HasSubstr("winserialnum=0x" + serial.toStdString()));
@@ -59,46 +54,41 @@ INSTANTIATE_TEST_SUITE_P(EveryMedium, UdfMedia,
                                          "-m cdr -r 2.01", "-m bdr", "-m hd -b 512 --strategy 4096", "-m hd -r 1.02"));
 
 /// How the volume is written, block size.
-class UdfVolumes : public testing::TestWithParam<std::tuple<Kind, int>> {
-protected:
-    static UdfImage::Item contents()
-    {
-        const QByteArray sparse = QByteArray(5000, 'a') + QByteArray(9000, 0) + QByteArray(3000, 'z');
-        QList<UdfImage::Item> many;
-        for (int i = 100; i < 160; ++i) many.append({u"Файл номер %1.txt"_s.arg(i), QByteArray(i, 'x')});
-        QList<UdfImage::Item> files{{u"inline"_s, "inline"},
-                                    {u"empty"_s, {}, UdfImage::shortForm},
-                                    {u"unseen"_s, "u", UdfImage::inlineForm, 1, UdfImage::hidden},
-                                    {u"deleted"_s, "d", UdfImage::inlineForm, 1, UdfImage::deleted}};
-        for (const auto form : {UdfImage::shortForm, UdfImage::longForm, UdfImage::extendedForm})
-            for (const int perBlock : {3, 7})
-                files.append({u"form%1 %2"_s.arg(form).arg(perBlock), sparse, form, perBlock});
-        return UdfImage::folder({}, {UdfImage::folder(u"Файлы"_s, files, UdfImage::shortForm),
-                                     UdfImage::folder(u"many"_s, many, UdfImage::shortForm, 2),
-                                     UdfImage::folder(u"none"_s, {}, UdfImage::longForm)});
-    }
-    QByteArray image = UdfImage(std::get<0>(GetParam()), std::get<1>(GetParam())).build(contents());
-};
+class UdfVolumes : public testing::TestWithParam<std::tuple<Kind, int>> {};
 
 TEST_P(UdfVolumes, ListsAndReadsFilesInEveryForm)
 {
-    const auto system = openBytes(image);
-    EXPECT_EQ(system->volume().label, std::get<0>(GetParam()) == Kind::virtualNew ? u"Имя из таблицы"_s : u"Том"_s);
-    Tree expected{u"\\many\\"_s};
-    for (int i = 100; i < 160; ++i) expected.append(u"\\many\\Файл номер %1.txt %1"_s.arg(i));
-    expected += {u"\\none\\"_s, u"\\Файлы\\"_s, u"\\Файлы\\empty 0"_s};
-    for (const int form : {0, 1, 2})
-        for (const int perBlock : {3, 7}) expected.append(u"\\Файлы\\form%1 %2 17000"_s.arg(form).arg(perBlock));
-    expected += {u"\\Файлы\\inline 6"_s, u"\\Файлы\\unseen 1 h"_s};
-    EXPECT_EQ(printTree(*system), expected);
-
     const QByteArray sparse = QByteArray(5000, 'a') + QByteArray(9000, 0) + QByteArray(3000, 'z');
-    for (const QString& name : {u"form0 3"_s, u"form1 7"_s, u"form2 3"_s}) {
-        EXPECT_EQ(system->read(u"\\Файлы\\"_s, name, 0, 20000), sparse) << name.toStdString();
-        EXPECT_EQ(system->read(u"\\Файлы\\"_s, name, 4999, 9002), sparse.mid(4999, 9002)) << name.toStdString();
-        EXPECT_EQ(system->read(u"\\Файлы\\"_s, name, 16999, 9), "z") << name.toStdString();
+    QList<UdfImage::Item> many, files{{"inline", "inline"},
+                                      {"empty", {}, UdfImage::shortForm},
+                                      {"unseen", "u", UdfImage::inlineForm, 1, UdfImage::hidden},
+                                      {"deleted", "d", UdfImage::inlineForm, 1, UdfImage::deleted}};
+    Tree expected{"\\many\\"}, forms;
+    for (int i = 100; i < 160; ++i) {
+        many.append({QString("Файл номер %1.txt").arg(i), QByteArray(i, 'x')});
+        expected += QString("\\many\\Файл номер %1.txt %1").arg(i);
     }
-    EXPECT_EQ(system->read(u"\\Файлы\\"_s, u"inline"_s, 2, 3), "lin");
+    for (const auto form : {UdfImage::shortForm, UdfImage::longForm, UdfImage::extendedForm}) {
+        for (const int perBlock : {3, 7}) {
+            files.append({QString("form%1 %2").arg(form).arg(perBlock), sparse, form, perBlock});
+            forms += QString("\\Файлы\\form%1 %2 17000").arg(form).arg(perBlock);
+        }
+    }
+    expected += QStringList{"\\none\\", "\\Файлы\\", "\\Файлы\\empty 0"} + forms +
+                QStringList{"\\Файлы\\inline 6", "\\Файлы\\unseen 1 h"};
+
+    const auto [kind, blockSize] = GetParam();
+    const auto system = openBytes(
+        UdfImage(kind, blockSize)
+            .build(UdfImage::folder({}, {UdfImage::folder("Файлы", files, UdfImage::shortForm),
+                                         UdfImage::folder("many", many, UdfImage::shortForm, 2),
+                                         UdfImage::folder("none", {}, UdfImage::longForm)})));
+    EXPECT_EQ(system->volume().label, kind == Kind::virtualNew ? "Имя из таблицы" : "Том");
+    EXPECT_EQ(printTree(*system), expected);
+    for (const QString name : {"form0 3", "form1 7", "form2 3"})
+        for (const auto& [offset, length] : {std::pair{0, 20000}, {4999, 9002}, {16999, 9}})
+            EXPECT_EQ(system->read("\\Файлы\\", name, offset, length), sparse.mid(offset, length)) << offset;
+    EXPECT_EQ(system->read("\\Файлы\\", "inline", 2, 3), "lin");
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryKind, UdfVolumes,

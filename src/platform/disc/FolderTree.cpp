@@ -2,6 +2,7 @@
 
 #include "platform/Literals.h"
 
+#include <QSet>
 #include <algorithm>
 
 static constexpr qint64 maximumFolder = 64 * 1024 * 1024;
@@ -73,11 +74,11 @@ const std::vector<FolderTree::Node>& FolderTree::nodes(size_t number)
     std::vector<Node> found = folder(m_folders[number].place);
     std::erase_if(found, [](const Node& node) { return node.entry.name == u"."_s || node.entry.name == u".."_s; });
     for (Node& node : found) node.entry.name = Portable(node.entry.name);
+    found = claimed(number, std::move(found));
     std::ranges::stable_sort(found, [](const Node& a, const Node& b) {
         const int order = QString::compare(a.entry.name, b.entry.name, Qt::CaseInsensitive);
         return order ? order < 0 : a.entry.name < b.entry.name;
     });
-    std::erase_if(found, [&](const Node& node) { return node.entry.folder && !claim(number, node); });
 
     m_folders[number].listed = true;
     m_lastListed = number;
@@ -95,18 +96,47 @@ void FolderTree::pay(Folder& folder)
     folder.paid = true;
 }
 
-/// Whether `node` stands where its folder was met first.
-bool FolderTree::claim(size_t parent, const Node& node)
+/// The entries without the folders that have been shown elsewhere, or here already.
+std::vector<FolderTree::Node> FolderTree::claimed(size_t parent, std::vector<Node> found)
 {
-    const Key key{parent, node.entry.name};
-    if (const auto owner = m_owners.constFind(node.place); owner != m_owners.cend()) return *owner == key;
-
-    m_owners.insert(node.place, key);
-    if (!m_byName.contains(key)) {
-        m_byName.insert(key, m_folders.size());
-        const Key folded{parent, node.entry.name.toCaseFolded()};
-        if (!m_byFoldedName.contains(folded)) m_byFoldedName.insert(folded, m_folders.size());
-        m_folders.push_back({node.place});
+    std::vector<Node> result;
+    result.reserve(found.size());
+    QSet<quint64> shown;
+    for (Node& node : found) {
+        if (node.entry.folder) {
+            if (shown.contains(node.place) || !claim(parent, node)) continue;
+            shown.insert(node.place);
+        }
+        result.push_back(std::move(node));
     }
+    return result;
+}
+
+/// Whether `node` stands where its folder was met first; it takes the name that the folder was given then.
+bool FolderTree::claim(size_t parent, Node& node)
+{
+    if (const auto owner = m_owners.constFind(node.place); owner != m_owners.cend()) {
+        node.entry.name = owner->second;
+        return owner->first == parent && !node.entry.name.isEmpty(); // the root has no name
+    }
+    Key key{parent, node.entry.name};
+    if (!freeName(key)) return false;
+    node.entry.name = key.second;
+    m_owners.insert(node.place, key);
+    m_byName.insert(key, m_folders.size());
+    const Key folded{parent, key.second.toCaseFolded()};
+    if (!m_byFoldedName.contains(folded)) m_byFoldedName.insert(folded, m_folders.size());
+    m_folders.push_back({node.place});
     return true;
+}
+
+/// Numbers the name of a second folder, as of names that differed in characters that no path can hold. False when that
+/// is not enough: no honest medium has so many of one name.
+bool FolderTree::freeName(Key& key) const
+{
+    constexpr int mostOfAName = 9;
+    const QString name = key.second;
+    for (int number = 2; m_byName.contains(key) && number <= mostOfAName; ++number)
+        key.second = u"%1~%2"_s.arg(name, QString::number(number));
+    return !m_byName.contains(key);
 }

@@ -7,7 +7,8 @@
 
 /// A file system whose folders are found by path, over one that can list a folder when told its place. It keeps a hostile
 /// medium a tree: both ECMA-119 (6.8.2) and ECMA-167 (4/8.6) record a directory in exactly one other, so a folder is
-/// shown where it was met first, and nowhere else; and all folders together cannot be larger than the medium.
+/// shown where it was met first, and nowhere else; no two have the same path, so a walk meets each of them once; and all
+/// folders together cannot be larger than the medium.
 class FolderTree : public FileSystem {
 public:
     QList<DiscEntry> list(const QString& folder) final;
@@ -35,13 +36,15 @@ private:
         bool paid = false; ///< its size was taken from what is left of the medium's
         bool listed = false;
     };
-    using Key = std::pair<size_t, QString>; ///< number of the folder that holds it, name
+    using Key = std::pair<size_t, QString>; ///< number of the folder that holds it, name shown there
 
     size_t find(const QString& path);
     size_t child(size_t parent, const QString& name);
     const std::vector<Node>& nodes(size_t number);
     void pay(Folder& folder);
-    bool claim(size_t parent, const Node& node);
+    std::vector<Node> claimed(size_t parent, std::vector<Node> found);
+    bool claim(size_t parent, Node& node);
+    bool freeName(Key& key) const;
 
     qint64 m_unpaid;
     std::vector<Folder> m_folders; ///< the root first

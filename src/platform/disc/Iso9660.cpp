@@ -98,6 +98,7 @@ std::vector<FolderTree::Node> Iso9660::folder(quint64 place)
 {
     const qint64 start = qint64(place >> 32) * m_descriptor.blockSize;
     const QByteArray records = m_medium->read(start, folderSize(place));
+    qint64 areas = 1024 + records.size() / 32; // no record is shorter, and few go on outside of the folder
     std::vector<Node> nodes;
     bool goesOn = false; // the record is a further section of the file before it (6.5.1)
     for (IsoRecordReader reader(records); reader.next();) {
@@ -109,7 +110,7 @@ std::vector<FolderTree::Node> Iso9660::folder(quint64 place)
             continue;
         }
         RockRidgeEntry extension;
-        if (m_rockRidge) extension = m_rockRidge->read(record, *m_medium, m_descriptor.blockSize);
+        if (m_rockRidge) extension = m_rockRidge->read(record, *m_medium, m_descriptor.blockSize, areas);
         if (extension.relocated) continue;
         Node node;
         node.entry.name = extension.name.isEmpty() ? name(record) : DecodeNarrow(extension.name);
@@ -167,6 +168,8 @@ QByteArray Iso9660::content(quint64 place, qint64 offset, qint64 length)
         goesOn = record.has(IsoRecord::goesOnFlag);
         if (offset < record.size) {
             const qint64 wanted = std::min(length, record.size - offset);
+            if (wanted > m_medium->size() - result.size())
+                throw DiscError(u"Диск поврежден: файл на нем больше самого диска."_s);
             result += m_medium->read(record.block * m_descriptor.blockSize + offset, wanted);
             length -= wanted;
         }

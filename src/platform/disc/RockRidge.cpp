@@ -55,14 +55,14 @@ std::optional<RockRidge> RockRidge::detect(QByteArrayView rootSystemUse)
     return std::nullopt;
 }
 
-RockRidgeEntry RockRidge::read(const IsoRecord& record, SectorCache& medium, qint64 blockSize) const
+RockRidgeEntry RockRidge::read(const IsoRecord& record, SectorCache& medium, qint64 blockSize, qint64& areas) const
 {
     RockRidgeEntry result;
     if (record.systemUse.size() <= m_skipped) return result;
 
     auto next = ReadArea(record.systemUse.sliced(m_skipped), result);
-    for (int areas = 0; next; ++areas) {
-        if (areas == maximumAreas || next->length > maximumArea)
+    for (int own = 0; next; ++own, --areas) {
+        if (own == maximumAreas || areas <= 0 || next->length > maximumArea)
             throw DiscError(u"Диск поврежден: описание файла на нем слишком длинное."_s);
         const QByteArray area = medium.read(next->block * blockSize + next->offset, next->length);
         next = ReadArea(area, result);

@@ -19,8 +19,9 @@ public:
     /// From the system use area of the root's first record; null when the medium does not follow the protocol.
     static std::optional<RockRidge> detect(QByteArrayView rootSystemUse);
 
-    /// Throws DiscError for an entry or a continuation that does not fit.
-    RockRidgeEntry read(const IsoRecord& record, SectorCache& medium, qint64 blockSize) const;
+    /// Each continuation area costs one of `areas`, which the records of a folder share. Throws DiscError for an entry or
+    /// a continuation that does not fit.
+    RockRidgeEntry read(const IsoRecord& record, SectorCache& medium, qint64 blockSize, qint64& areas) const;
 
 private:
     explicit RockRidge(int skipped) : m_skipped(skipped) {}

@@ -51,6 +51,8 @@ std::vector<FolderTree::Node> Udf::folder(quint64 place)
     if (file.type() != UdfFile::directory) throw DiscError(u"Диск поврежден: вместо папки на нем записан файл."_s);
     const QByteArray bytes = file.readAll(*m_space);
     const Fields fields(bytes);
+    // Files that were rewritten often are few: five older entries for the shortest identifier, and some to spare.
+    qint64 links = 16 * UdfFile::longestChain + bytes.size() / 8;
     std::vector<Node> nodes;
     for (qint64 at = 0; at < bytes.size();) {
         const int nameLength = fields.u8(at + 19), useLength = fields.le16(at + 36);
@@ -66,7 +68,7 @@ std::vector<FolderTree::Node> Udf::folder(quint64 place)
         node.entry.name = DecodeCompressedUnicode(Fields(identifier).part(fixedSize + useLength, nameLength));
         node.entry.folder = characteristics & directory;
         node.entry.hidden = characteristics & hidden || node.entry.name.startsWith(u'.');
-        if (!node.entry.folder) node.entry.size = UdfFile::open(*m_space, icb.start).size();
+        if (!node.entry.folder) node.entry.size = UdfFile::open(*m_space, icb.start, links).size();
         node.place = PlaceOf(icb.start);
         nodes.push_back(std::move(node));
     }

@@ -10,11 +10,10 @@ namespace {
 enum ExtentKind { recordedExtent, allocatedExtent, unallocatedExtent, continuation };
 }
 
-UdfFile UdfFile::open(const UdfSpace& space, UdfAddress icb)
+UdfFile UdfFile::open(const UdfSpace& space, UdfAddress icb, qint64& links)
 {
     constexpr quint16 chainStrategy = 4096;
-    constexpr int longestChain = 256;
-    for (int i = 0; i < longestChain; ++i) {
+    for (qint64 i = 0; i < longestChain && links >= 0; ++i, --links) {
         const QByteArray entry = space.block(icb);
         UdfFile file = parse(entry, icb);
         if (Fields(entry).le16(20) != chainStrategy) return file;
@@ -64,11 +63,16 @@ std::vector<UdfExtent> UdfFile::extents(const UdfSpace& space) const
     std::vector<UdfExtent> extents;
     if (isInline()) return extents;
 
-    // Each continuation (4/14.5) leads to a block of the file at least.
-    qint64 continuations = 16 + m_size / space.blockSize();
+    // Each extent but the last one fills a block of the medium at least (4/12.1), and each continuation (4/14.5) leads
+    // to an extent. A few may be wasted.
+    constexpr qint64 wasted = 16, mostPieces = 1 << 20;
+    const qint64 blocks = std::min(m_size, space.medium().size()) / space.blockSize();
+    const qint64 most = std::min(wasted + blocks, mostPieces);
+    const auto throwEndless = [] { throw DiscError(u"Диск поврежден: список частей файла не имеет конца."_s); };
+
     const int step = m_allocation == shortForm ? 8 : m_allocation == longForm ? 16 : 20;
     QByteArray descriptors = m_descriptors;
-    qint64 total = 0;
+    qint64 total = 0, continuations = 0;
     for (qint64 at = 0; total < m_size && at + step <= descriptors.size(); at += step) {
         const Fields fields(descriptors);
         const quint32 first = fields.le32(at);
@@ -79,13 +83,14 @@ std::vector<UdfExtent> UdfFile::extents(const UdfSpace& space) const
         UdfExtent extent{{fields.le32(position), m_at.partition}, length, first >> 30 == recordedExtent};
         if (m_allocation != shortForm) extent.start.partition = fields.le16(position + 4);
         if (first >> 30 == continuation) {
-            if (!continuations--) throw DiscError(u"Диск поврежден: список частей файла не имеет конца."_s);
+            if (++continuations > most) throwEndless();
             const QByteArray block = space.block(extent.start);
             ExpectTag(block, UdfTag::allocationExtent);
             descriptors = Fields(block).part(24, Fields(block).le32(20)).toByteArray();
             at = -step;
             continue;
         }
+        if (std::ssize(extents) == most) throwEndless();
         extents.push_back(extent);
         total += length;
     }
