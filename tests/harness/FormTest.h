@@ -20,6 +20,8 @@ protected:
 
     /// Runs a script over what `open` opens.
     template<class Body> void play(const std::function<void()>& open, const Body& body) { runner.play(open, body()); }
+    /// Nothing is done to what comes: boxes at most.
+    void play(const std::function<void()>& open) { runner.play(open, Script()); }
 
     // What may come, before the step that brings it.
     void expectBox(const QString& text, int type = Box::Exclamation, Where where = Where::current());

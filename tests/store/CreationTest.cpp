@@ -12,10 +12,6 @@ namespace {
 
 class Creation : public ScreenTest {
 protected:
-    void during(const std::function<void()>& routine)
-    {
-        play(routine, []() -> Script { co_return; });
-    }
     void lose(const QString& database)
     {
         engine.Release(database);
@@ -80,34 +76,30 @@ TEST_F(Creation, FillsDictionariesInOrderWithNothingChosenAsKey1)
     EXPECT_EQ(trackTables(), "");
 }
 
-TEST_F(Creation, NewRowsHaveTheirDefaults)
+TEST_F(Creation, GivesRowsTheirDefaultsAndRefusesWhatFieldsAndRelationsDoNotTake)
 {
     const Database main = program.mainDatabase();
-    for (const char* table : {"Аудио", "Компьютер", "DVD"})
+    for (const auto& [table, changed] :
+         {std::pair{"Аудио", "2003-11-14"}, {"Компьютер", "Null"}, {"DVD", "2003-11-14"}}) {
         main.Execute(u"INSERT INTO %1 (Номер) VALUES (1)"_s.arg(table));
-    EXPECT_EQ(rows("SELECT ДатаЗаписи, ДатаИзменения, Должник FROM Аудио"), "2003-11-14 | 2003-11-14 | 0\n");
-    EXPECT_EQ(rows("SELECT ДатаЗаписи, ДатаИзменения, Должник FROM Компьютер"), "2003-11-14 | Null | 0\n");
-    EXPECT_EQ(rows("SELECT ДатаЗаписи, ДатаИзменения, Должник FROM DVD"), "2003-11-14 | 2003-11-14 | 0\n");
+        EXPECT_EQ(rows(u"SELECT ДатаЗаписи, ДатаИзменения, Должник FROM %1"_s.arg(table)),
+                  u"2003-11-14 | %1 | 0\n"_s.arg(changed));
+    }
     main.Execute(u"INSERT INTO Должники (Категория) VALUES ('AD')");
     EXPECT_EQ(rows("SELECT Долг, ДатаВыдачи, ДатаВозврата FROM Должники"), "-1 | 2003-11-14 | Null\n");
-}
 
-TEST_F(Creation, RelationsCascadeAndRefuse)
-{
-    shelf.audio(1, "Кино").of("Rock").lent("Иванов", "2003-01-02");
-    EXPECT_EQ(errorOf("DELETE FROM Стиль WHERE Стиль = 'Rock'"), DaoErrorNumber::ReferredTo);
-    EXPECT_EQ(errorOf("UPDATE Стиль SET КодСтиля = 500 WHERE Стиль = 'Rock'"), 0);
-    EXPECT_EQ(rows("SELECT КодСтиля FROM Аудио"), "500\n");
-    EXPECT_EQ(errorOf("DELETE FROM ИменаДолжников"), 0);
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM Должники"), "0\n");
-}
-
-TEST_F(Creation, EmptyTextIsTakenOnlyWhereItIsAllowed)
-{
-    EXPECT_EQ(errorOf("INSERT INTO Аудио (Альбом) VALUES ('')"), 0);
-    EXPECT_EQ(errorOf("INSERT INTO Аудио (Название) VALUES ('')"), DaoErrorNumber::EmptyTextNotAllowed);
-    EXPECT_EQ(errorOf("INSERT INTO DVD (Год) VALUES ('')"), DaoErrorNumber::EmptyTextNotAllowed);
-    EXPECT_EQ(errorOf("INSERT INTO Должники (Категория) VALUES ('ABCD')"), DaoErrorNumber::TextTooLong);
+    shelf.audio(2, "Кино").of("Rock").lent("Иванов", "2003-01-02");
+    const std::pair<const char*, int> statements[] = {
+        {"INSERT INTO Аудио (Альбом) VALUES ('')", 0},
+        {"INSERT INTO Аудио (Название) VALUES ('')", DaoErrorNumber::EmptyTextNotAllowed},
+        {"INSERT INTO DVD (Год) VALUES ('')", DaoErrorNumber::EmptyTextNotAllowed},
+        {"INSERT INTO Должники (Категория) VALUES ('ABCD')", DaoErrorNumber::TextTooLong},
+        {"DELETE FROM Стиль WHERE Стиль = 'Rock'", DaoErrorNumber::ReferredTo},
+        {"UPDATE Стиль SET КодСтиля = 500 WHERE Стиль = 'Rock'", 0},
+        {"DELETE FROM ИменаДолжников", 0}};
+    for (const auto& [statement, error] : statements) EXPECT_EQ(errorOf(statement), error) << statement;
+    EXPECT_EQ(rows("SELECT КодСтиля FROM Аудио WHERE Номер = 2"), "500\n");
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Должники"), "1\n") << "the loan of nobody";
 }
 
 TEST_F(Creation, OfTheMainDatabaseTakesTheListsWithIt)
@@ -139,7 +131,7 @@ TEST_F(Creation, OverAnExistingMainDatabaseIsAFaultThatCostsNothing)
 {
     shelve();
     expectFault("vinoraModule, Reanimator()");
-    during([&] { Reanimator(program, 0); });
+    play([&] { Reanimator(program, 0); });
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Аудио"), "1\n");
     EXPECT_EQ(fileTables(), "Фильтр1 Фильтр2 CCCC");
 }
@@ -149,25 +141,8 @@ TEST_F(Creation, InAReadOnlyFolderIsToldAndGivenBack)
     UseDatabaseFolder(program, "/sys"); // where not even root can create a file
     bool readOnly = false;
     expectBox("Папка '/sys' доступна только для чтения!");
-    during([&] { readOnly = Reanimator(program, 0); });
+    play([&] { readOnly = Reanimator(program, 0); });
     EXPECT_TRUE(readOnly);
-}
-
-TEST_F(Creation, InAMissingFolderOffersTheApplicationFolder)
-{
-    lose(program.shared.TracksDBPath);
-    shelf.dvd(1, "Солярис");
-    UseDatabaseFolder(program, path("нет"));
-    expectBox(question(path("нет")), Box::Warning, Answer::Yes);
-    during([&] { EXPECT_FALSE(Reanimator(program, 0)); });
-    EXPECT_EQ(ReadPathLocalDB(program), folder.path());
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM DVD"), "1\n");
-    EXPECT_EQ(trackTables(), "");
-
-    UseDatabaseFolder(program, path("нет"));
-    expectBox(question(path("нет")), Box::Warning, Answer::No);
-    expectEnd();
-    during([&] { Reanimator(program, 0); });
 }
 
 TEST_F(Creation, OnAFullDiskLeavesNoHalfMadeDatabase)
@@ -176,7 +151,7 @@ TEST_F(Creation, OnAFullDiskLeavesNoHalfMadeDatabase)
     expectFault("vinoraModule, Reanimator()");
     {
         const FileSizeLimit limit(16 << 10);
-        during([&] { PrepareDatabases(program); });
+        play([&] { PrepareDatabases(program); });
     }
     EXPECT_FALSE(FileExists(program.shared.MainDBPath));
 }
@@ -192,15 +167,22 @@ TEST_F(Creation, AtTheFirstStartHappensInTheUsersFolder)
               "vinora.db vinora_files.db vinora_tracks.db");
 }
 
-TEST_F(Creation, WithAnUnreachableFolderAsksAndGoesOnInTheApplicationFolderOrEnds)
+TEST_F(Creation, InAnUnreachableFolderAsksAndGoesOnInTheApplicationFolderOrEnds)
 {
+    shelf.dvd(1, "Солярис");
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         ASSERT_TRUE(WritePathLocalDB(program, path("нет")));
         SetFilePaths(program);
         expectBox(question(path("нет")), Box::Warning, answer);
         if (answer == Answer::No) expectEnd();
-        during([&] { PrepareDatabases(program); });
+        play([&] { PrepareDatabases(program); });
         EXPECT_EQ(ReadPathLocalDB(program), answer == Answer::No ? path("нет") : folder.path());
     }
+    lose(program.shared.TracksDBPath);
+    UseDatabaseFolder(program, path("нет"));
+    expectBox(question(path("нет")), Box::Warning, Answer::Yes);
+    play([&] { EXPECT_FALSE(Reanimator(program, 0)); });
     EXPECT_EQ(program.shared.MainDBPath, path("vinora.db"));
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM DVD"), "1\n");
+    EXPECT_EQ(trackTables(), "");
 }

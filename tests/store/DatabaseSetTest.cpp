@@ -4,7 +4,7 @@
 #include "store/Summary.h"
 #include "store/Updates.h"
 
-class DatabaseSet : public ScreenTest {};
+using DatabaseSet = ScreenTest;
 
 TEST_F(DatabaseSet, FolderSurvivesTheSettingsFileWhateverItsName)
 {
@@ -19,10 +19,8 @@ TEST_F(DatabaseSet, FolderSurvivesTheSettingsFileWhateverItsName)
     }
     ASSERT_TRUE(WritePathLocalDB(program, u"/home/иван"_s));
     EXPECT_EQ(option("PathLocalDB"), u"/home/иван"_s) << "readable to other programs";
-}
 
-TEST_F(DatabaseSet, RefusesAFolderThatTheSettingWouldCut)
-{
+    // What the setting would cut is refused.
     ASSERT_TRUE(WritePathLocalDB(program, u'/' + QString(253, u'a')));
     EXPECT_FALSE(WritePathLocalDB(program, u'/' + QString(254, u'b')));
     EXPECT_FALSE(WritePathLocalDB(program, u'/' + QString(30, QChar(0x65E5)))) << "nine characters for each";
@@ -33,9 +31,8 @@ TEST_F(DatabaseSet, StampsCreateTheOneRowAndKeepTheOtherDates)
 {
     const Database main = program.mainDatabase();
     EXPECT_FALSE(LastUpdate(main, Audio()).isValid());
-    StampUpdate(main, Audio(), QDate(2003, 5, 1));
-    StampUpdate(main, Dvd(), QDate(2003, 5, 2));
-    StampUpdate(main, Audio(), QDate(2003, 5, 3));
+    for (const auto& [kind, day] : {std::pair{&Audio(), 1}, {&Dvd(), 2}, {&Audio(), 3}})
+        StampUpdate(main, *kind, QDate(2003, 5, day));
     EXPECT_EQ(rows("SELECT * FROM _Информация"), "2003-05-03 | Null | 2003-05-02 | Null\n");
     EXPECT_EQ(LastUpdate(main, Audio()), QDate(2003, 5, 3));
     EXPECT_FALSE(LastUpdate(main, Computer()).isValid());
