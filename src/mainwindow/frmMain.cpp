@@ -69,7 +69,8 @@ void frmMain::buildToolbars()
     ID_DB_DefaultCDDVDROM->setObjectName(u"ID_DB_DefaultCDDVDROM"_s);
     ID_DB_DefaultCDDVDROM->setToolTip(u"CD/DVD-ROM по умолчанию"_s);
     ID_DB_DefaultCDDVDROM->setAccessibleName(u"CD/DVD-ROM по умолчанию"_s);
-    ID_DB_DefaultCDDVDROM->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    ID_DB_DefaultCDDVDROM->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    ID_DB_DefaultCDDVDROM->setMinimumContentsLength(4);
     for (const ToolbarDef& def : AllToolbars()) {
         auto* bar = new QToolBar(def.name);
         bar->setObjectName(def.name);

@@ -20,6 +20,8 @@ inline constexpr int Warning = 52;            ///< exclamation, Yes and No
 inline constexpr int Information = 64;        ///< information, OK
 inline constexpr int InformationOkCancel = 65;
 inline constexpr int Bare = 0; ///< OK alone
+/// Added to a type: Enter gives the safe answer. For questions about what cannot be undone.
+inline constexpr int SafeDefault = 256;
 }
 
 enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };

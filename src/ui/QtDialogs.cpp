@@ -11,12 +11,13 @@
 #include <QLabel>
 #include <QMenu>
 
-BoxLook LookOfBox(int type)
+BoxLook LookOfBox(int told)
 {
     using B = QMessageBox;
+    const int type = told & ~Box::SafeDefault;
     // 49 is told as a stop, although by the sum it would be an exclamation.
     const int icon = type == Box::StopOkCancel ? Box::Stop : type & 0xF0;
-    const bool risky = type == Box::Warning || type == Box::StopOkCancel;
+    const bool risky = told != type || type == Box::Warning || type == Box::StopOkCancel;
 
     BoxLook look{B::NoIcon, B::Ok, B::Ok, B::Ok};
     switch (icon) {

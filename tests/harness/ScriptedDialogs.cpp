@@ -58,7 +58,7 @@ ScriptedDialogs::Expectation ScriptedDialogs::next(Kind kind, const QString& sho
 Answer ScriptedDialogs::MsgBox(const QString& text, int type)
 {
     const auto writes = enter();
-    return next(Kind::Box, told(Kind::Box, {}, text, type)).answer;
+    return next(Kind::Box, told(Kind::Box, {}, text, type & ~Box::SafeDefault)).answer;
 }
 
 QString ScriptedDialogs::InputBox(const QString& prompt, const QString& title, const QString& text)

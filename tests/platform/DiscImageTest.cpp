@@ -120,7 +120,7 @@ TEST_F(DiscImage, WhatIsNoImageIsRefused)
     mkfifo(qPrintable(at("pipe.bin")), 0600);
     write(at("pipe.cue"), "FILE pipe.bin BINARY\nTRACK 01 MODE1/2048\nINDEX 01 00:00:00\n");
     for (const auto& [name, told] : {std::pair{"noise.iso", "не образ диска"},
-                                     {"empty.iso", "пуста"},
+                                     {"empty.iso", "не образ диска"},
                                      {"large.cue", "слишком велик"},
                                      {"pipe.cue", "не найден"},
                                      {"pipe.bin", "не файл"},

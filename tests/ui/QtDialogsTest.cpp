@@ -111,6 +111,7 @@ TEST_F(BoxesInEarnest, EscapeAnswersCancelElseNoElseOkAndEnterTheDefault)
     EXPECT_EQ(answerTo(Box::Stop, Qt::Key_Escape), Answer::Ok);
     EXPECT_EQ(answerTo(Box::Question, Qt::Key_Return), Answer::Yes);
     EXPECT_EQ(answerTo(Box::Warning, Qt::Key_Return), Answer::No);
+    EXPECT_EQ(answerTo(Box::Question | Box::SafeDefault, Qt::Key_Return), Answer::No);
 }
 
 TEST_F(BoxesInEarnest, TextsArePlainWithTheirLineBreaksAndStandAboveAnHourglass)

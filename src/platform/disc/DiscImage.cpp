@@ -26,15 +26,31 @@ SectorFormat FormatOf(SectorSource& file)
     return {};
 }
 
+[[noreturn]] void RefuseAsImage(const QString& path)
+{
+    throw DiscError(u"'%1' - не образ диска: в нём нет ни файловой системы, ни звуковых дорожек. Выберите файл ISO, NRG, "
+                    u"CUE или TOC; файл BIN вставляется через его CUE."_s.arg(path));
+}
+
 DiscLayout OneTrack(const QString& path, qint64 size, const SectorFormat& format)
 {
     const int sectors = BoundedFrames(size / format.size);
+    if (sectors == 0) RefuseAsImage(path);
     DiscLayout layout;
     layout.contents.tracks = {{1, false, Msf::fromFrames(LeadInFrames), {}, {}}};
     layout.contents.leadOut = Msf::fromFrames(LeadInFrames + sectors);
     layout.data = {{LeadInFrames, sectors, path, 0, format}};
     layout.lastSession = LeadInFrames;
     return Checked(layout);
+}
+
+DiscLayout SheetLayout(const QString& path, const QByteArray& sheet, bool cue)
+{
+    try {
+        return cue ? ReadCueSheet(sheet, FilesBeside(path)) : ReadTocSheet(sheet, FilesBeside(path));
+    } catch (const DiscError& error) {
+        throw DiscError(u"Описание диска '%1' не читается. %2"_s.arg(path, error.description()));
+    }
 }
 
 std::shared_ptr<SectorSource> DataOf(const DiscLayout& layout)
@@ -47,8 +63,7 @@ std::shared_ptr<SectorSource> DataOf(const DiscLayout& layout)
 std::unique_ptr<Disc> Usable(const QString& path, const DiscLayout& layout, std::shared_ptr<SectorSource> data)
 {
     auto disc = std::make_unique<MediumDisc>(layout.contents, std::move(data));
-    if (!disc->readable())
-        throw DiscError(u"'%1' - не образ диска: в нём нет ни файловой системы, ни звуковых дорожек."_s.arg(path));
+    if (!disc->readable()) RefuseAsImage(path);
     return disc;
 }
 }
@@ -59,9 +74,7 @@ std::unique_ptr<Disc> OpenDiscImage(const QString& path)
     const QString extension = QFileInfo(path).suffix().toLower();
     if (extension == u"cue" || extension == u"toc") {
         if (file->size() > LargestSheet) throw DiscError(u"Файл '%1' слишком велик для описания диска."_s.arg(path));
-        const QByteArray sheet = file->read(0, file->size());
-        const auto find = FilesBeside(path);
-        const DiscLayout layout = extension == u"cue" ? ReadCueSheet(sheet, find) : ReadTocSheet(sheet, find);
+        const DiscLayout layout = SheetLayout(path, file->read(0, file->size()), extension == u"cue");
         return Usable(path, layout, DataOf(layout));
     }
     if (const auto layout = ReadNrgImage(*file, path)) return Usable(path, *layout, DataOf(*layout));
