@@ -114,7 +114,7 @@ void frmEditFilter::cmdDelete()
 {
     Guarded("frmEditFilter, cmdDelete()"_L1, [&] {
         const QString name = lvFilter->text(lvFilter->currentRow());
-        if (!Ask(u"Вы действительно хотите удалить файл '%1'?"_s.arg(name))) return;
+        if (!Ask(u"Вы действительно хотите удалить файл '%1'?"_s.arg(name), Box::Question | Box::SafeDefault)) return;
         table().remove(name);
         fill();
     });

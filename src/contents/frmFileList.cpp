@@ -277,7 +277,8 @@ void frmFileList::cmdCreate()
 void frmFileList::DeleteListAsk()
 {
     if (!Ask(u"Вы действительно хотите удалить информация о структуре %1-го диска № %2?"_s.arg(discNumber())
-                 .arg(request.number)))
+                 .arg(request.number),
+             Box::Question | Box::SafeDefault))
         return;
     DeleteList();
     cmbCountCD_Click();
