@@ -88,7 +88,7 @@ void Dashboard::arrange(int columns)
         m_grid->addWidget(m_cards[size_t(i)], i / columns, i % columns);
         m_grid->setColumnStretch(i, i < columns ? 1 : 0);
     }
-    m_drive->setNarrow(columns < 3);
+    m_drive->arrange(columns);
     lblShowHideoListbar->setVisible(columns > 1);
     const int margin = columns > 1 ? Theme::Outside : Theme::Between;
     m_all->setContentsMargins(margin, margin, margin, margin);
@@ -99,11 +99,25 @@ void Dashboard::arrange(int columns)
         m_grid->addWidget(m_drive, 3, 0, 1, columns);
 }
 
-void Dashboard::resizeEvent(QResizeEvent* event)
+int Dashboard::columnsThatFit() const
 {
-    QScrollArea::resizeEvent(event);
     int widest = 0;
     for (const CatalogueCard* card : m_cards) widest = qMax(widest, card->minimumSizeHint().width());
     const int room = viewport()->width() - 2 * Theme::Outside + Theme::Between;
-    arrange(qBound(1, room / (widest + Theme::Between), 3));
+    const auto fits = [&](int columns, int width) { return room >= columns * (width + Theme::Between); };
+    if (fits(3, widest)) return 3;
+    return fits(2, qMax(widest, m_drive->narrowestWidth())) ? 2 : 1;
+}
+
+void Dashboard::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    arrange(columnsThatFit());
+}
+
+bool Dashboard::event(QEvent* event)
+{
+    // Some text has become longer or shorter.
+    if (event->type() == QEvent::LayoutRequest) arrange(columnsThatFit());
+    return QScrollArea::event(event);
 }

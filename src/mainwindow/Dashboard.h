@@ -25,9 +25,11 @@ signals:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     QLayout* header();
+    int columnsThatFit() const;
     void arrange(int columns);
 
     std::array<CatalogueCard*, 3> m_cards;

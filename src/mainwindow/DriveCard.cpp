@@ -10,6 +10,7 @@
 #include <QAction>
 
 namespace {
+constexpr int longestWord = 12;
 
 QString disc(const DriveSight& sight)
 {
@@ -24,7 +25,7 @@ QString medium(const DriveSight& sight)
     if (sight.root.isEmpty()) return {};
     if (sight.volume.success) return disc(sight);
     if (!sight.image.isEmpty()) return u"Образ «%1» не найден или не читается."_s.arg(sight.image);
-    return u"Диска нет. Вставьте диск или перетащите в это окно файл образа: ISO, BIN/CUE, NRG, TOC."_s;
+    return u"Диска нет. Вставьте диск или перетащите в это окно файл образа: ISO, CUE, TOC, NRG или BIN."_s;
 }
 
 /// Why a disc that is there goes unnoticed.
@@ -49,22 +50,22 @@ DriveCard::DriveCard(QAction* insert, QAction* eject)
     lettered(lblDriveHint, Lettering::Caption);
     for (QLabel* text : {lblDriveTitle, lblDriveMedium, lblDriveHint}) text->setTextFormat(Qt::PlainText);
     for (QLabel* text : {lblDriveMedium, lblDriveHint}) text->setWordWrap(true);
+    lblDriveTitle->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
     m_sign->setScale(2.4);
 
     m_facts = facts();
     auto* texts = column(lblDriveTitle, lblDriveMedium, lblDriveHint, m_facts, stretch);
     texts->setSpacing(4);
-    auto* told = row(m_sign, texts);
-    told->setStretch(1, 1);
-    told->setAlignment(m_sign, Qt::AlignTop);
-    told->setSpacing(Theme::Between);
+    m_told = row(m_sign, texts);
+    m_told->setStretch(1, 1);
+    m_told->setAlignment(m_sign, Qt::AlignTop);
+    m_told->setSpacing(Theme::Between);
     auto* insertButton = MakeActionButton(insert, u"image-insert"_s, insert->iconText());
     auto* ejectButton = MakeActionButton(eject, u"eject"_s, eject->iconText());
-    auto* buttons = row(insertButton, ejectButton);
-    buttons->setSpacing(Theme::Gap);
-    m_layout = row(told, buttons);
+    m_buttons = row(insertButton, ejectButton);
+    m_buttons->setSpacing(Theme::Gap);
+    m_layout = row(m_told, m_buttons);
     m_layout->setStretch(0, 1);
-    m_layout->setAlignment(buttons, Qt::AlignTop | Qt::AlignLeft);
     m_layout->setContentsMargins(Theme::Inside, Theme::Inside, Theme::Inside, Theme::Inside);
     m_layout->setSpacing(Theme::Between);
     setLayout(m_layout);
@@ -72,7 +73,7 @@ DriveCard::DriveCard(QAction* insert, QAction* eject)
 
 QWidget* DriveCard::facts()
 {
-    const std::array captions{u"Файловая система"_s, u"Идентификатор"_s, u"Носитель"_s};
+    const std::array captions{u"Формат"_s, u"Идентификатор"_s, u"Носитель"_s};
     auto* table = new QGridLayout;
     table->setContentsMargins(0, Theme::Gap / 2, 0, 0);
     table->setHorizontalSpacing(Theme::Between);
@@ -90,10 +91,14 @@ QWidget* DriveCard::facts()
     return panel(table);
 }
 
-void DriveCard::setNarrow(bool narrow)
+void DriveCard::arrange(int columns)
 {
-    m_layout->setDirection(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    m_layout->setDirection(columns == 3 ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    m_layout->setAlignment(m_buttons, columns == 2 ? Qt::Alignment() : Qt::AlignTop | Qt::AlignLeft);
+    m_buttons->setDirection(columns == 2 ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
+
+int DriveCard::narrowestWidth() const { return m_told->minimumSize().width() + 2 * Theme::Inside; }
 
 void DriveCard::show(const DriveSight& sight)
 {
@@ -102,10 +107,10 @@ void DriveCard::show(const DriveSight& sight)
     m_sign->setIcon(sight.root.isEmpty() ? u"drive"_s : sight.volume.success ? u"disc"_s : u"disc-empty"_s);
     lblDriveTitle->setText(sight.root.isEmpty() ? u"Устройство для чтения дисков не найдено"_s
                                                 : u"Устройство "_s + sight.root);
-    lblDriveMedium->setText(Wrappable(medium(sight)));
+    lblDriveMedium->setText(Wrappable(medium(sight), longestWord));
     const std::array facts{sight.volume.fileSystem, SerialToID(sight.volume.serial), sight.description};
     for (size_t i = 0; i < facts.size(); ++i)
-        lblDriveFact[i]->setText(facts[i].isEmpty() ? u"-"_s : Wrappable(facts[i]));
+        lblDriveFact[i]->setText(facts[i].isEmpty() ? u"-"_s : Wrappable(facts[i], longestWord));
     m_facts->setVisible(!sight.root.isEmpty() && sight.volume.success);
     const QString why = hint(sight);
     lblDriveHint->setText(why);

@@ -29,8 +29,11 @@ public:
     DriveCard(QAction* insert, QAction* eject);
 
     void show(const DriveSight& sight);
-    /// The buttons below the texts instead of beside them.
-    void setNarrow(bool narrow);
+    /// Of how many columns of the dashboard it stands in one: the buttons go beside the texts, below them, or below one
+    /// another as the columns become narrower.
+    void arrange(int columns);
+    /// The least width of the narrowest card; no text changes it.
+    int narrowestWidth() const;
 
 private:
     QWidget* facts();
@@ -42,5 +45,7 @@ private:
     QLabel* lblDriveHint;
     std::array<QLabel*, 3> lblDriveFact; ///< file system, identifier, what the drive or image is
     QWidget* m_facts;
+    QBoxLayout* m_told;
+    QBoxLayout* m_buttons;
     QBoxLayout* m_layout;
 };

@@ -89,10 +89,9 @@ QLabel* label(const QString& text)
     return label;
 }
 
-QString Wrappable(const QString& text)
+QString Wrappable(const QString& text, int longest)
 {
-    constexpr int longest = 24;
-    const auto broken = [](const QString& word) {
+    const auto broken = [longest](const QString& word) {
         QString result;
         int run = 0;
         for (const QChar c : word) {

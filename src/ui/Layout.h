@@ -72,9 +72,9 @@ QWidget* group(const QString& title, QLayout* contents);
 /// A caption for `buddy`; its "&" gives the shortcut that focuses the buddy, and its text the buddy's accessible name.
 QLabel* label(const QString& text, QWidget* buddy);
 QLabel* label(const QString& text);
-/// The text with places to break in its words of more than 24 characters, names of files mostly, so that a label may be
-/// narrower than they are.
-QString Wrappable(const QString& text);
+/// The text with places to break in its words of more than `longest` characters, names of files mostly, so that a label
+/// may be narrower than they are.
+QString Wrappable(const QString& text, int longest = 24);
 /// A bare widget around a layout, for tabs and things that hide together.
 QWidget* panel(QLayout* contents);
 /// Two widgets in one place, one of them shown at a time by its owner.

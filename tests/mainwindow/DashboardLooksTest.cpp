@@ -46,14 +46,17 @@ TEST_F(MainWindow, NothingIsCutOffInAnySizeLightOrDark)
     program.mainDatabase().Execute(u"INSERT INTO _Информация (ПослОбновлАудио, ПослОбновлКомпьютер, ПослОбновлDVD) "
                                    "VALUES (?, ?, ?)",
                                    {QDate(2003, 9, 28), QDate(2003, 11, 14), QDate(2003, 2, 1)});
-    putIn();
     watch();
     for (const QString& scheme : {u"light"_s, u"dark"_s}) {
         Theme::apply(*qApp, scheme);
         walk([&]() -> Script {
-            co_await advance(1000);
-            for (const QSize size : {QSize(607, 460), QSize(1180, 720), QSize(1366, 768)}) {
+            for (const QSize size :
+                 {QSize(607, 460), QSize(820, 700), QSize(940, 700), QSize(1180, 720), QSize(1366, 768)}) {
+                drives.v.eject();
                 co_await act([&] { runner.window().resize(size); });
+                co_await advance(1000);
+                putIn();
+                co_await advance(1000);
                 EXPECT_EQ(clipped(runner.window()), QString()) << size.width();
                 EXPECT_EQ(control<QScrollArea>("fraDashboard").horizontalScrollBar()->maximum(), 0) << size.width();
                 co_await picture(u"main-%1-%2"_s.arg(scheme).arg(size.width()));

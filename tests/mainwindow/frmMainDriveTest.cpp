@@ -128,7 +128,8 @@ TEST_F(MainWindow, AnImageThatIsGoneIsNamed)
 {
     program.settings().write(u"Drives", u"Image", u"/images/gone.iso"_s);
     walk([&]() -> Script {
-        EXPECT_EQ(shown("lblDriveMedium"), u"Образ «/images/gone.iso» не найден или не читается."_s);
+        EXPECT_EQ(shown("lblDriveMedium").remove(QChar(0x200B)),
+                  u"Образ «/images/gone.iso» не найден или не читается."_s);
         co_return;
     });
 }
