@@ -1,11 +1,13 @@
 #include "dao/DBEngine.h"
 
 #include "dao/Connection.h"
+#include "platform/Files.h"
 
 #include <QAbstractEventDispatcher>
 #include <QDir>
 #include <QFileInfo>
 #include <QTimer>
+#include <cerrno>
 
 using namespace DaoErrorNumber;
 
@@ -28,11 +30,23 @@ void requireFolder(const QString& path)
                                              QDir::toNativeSeparators(QFileInfo(path).absolutePath())));
 }
 
-void requireFile(const QString& path)
+bool refusesFiles(const QString& folder)
+{
+    const int error = NewFileError(folder);
+    return error == EACCES || error == EPERM || error == EROFS;
+}
+
+void requireFile(const QString& path, Connection::Mode mode)
 {
     requireFolder(path);
     const QFileInfo file(path);
-    if (!file.exists()) throw RuntimeError(FileNotFound, u"Файл «%1» не найден."_s.arg(QDir::toNativeSeparators(path)));
+    if (!file.exists()) {
+        if (mode == Connection::Mode::ReadWrite && refusesFiles(file.absolutePath()))
+            throw RuntimeError(CannotOpenOrWrite,
+                               u"Файла «%1» нет, а в его папку нельзя писать. Проверьте права на нее."_s.arg(
+                                   QDir::toNativeSeparators(path)));
+        throw RuntimeError(FileNotFound, u"Файл «%1» не найден."_s.arg(QDir::toNativeSeparators(path)));
+    }
     if (!file.isFile())
         throw RuntimeError(NotADatabase, u"Файл «%1» не является базой данных."_s.arg(QDir::toNativeSeparators(path)));
 }
@@ -42,18 +56,26 @@ void requireNoFile(const QString& path)
     requireFolder(path);
     const QFileInfo file(path);
     if (file.exists() || file.isSymLink())
-        throw RuntimeError(FileExists,
+        throw RuntimeError(DaoErrorNumber::FileExists,
                            u"Файл «%1» уже существует. Выберите другое имя."_s.arg(QDir::toNativeSeparators(path)));
 }
 
-/// What hinders a file from being made is one number for the callers, but for the full disk.
+/// A folder that takes no new file, and a full disk, are one number each for the callers and are about the new file;
+/// everything else tells for itself what it is about.
 [[noreturn]] void cannotCreate(const RuntimeError& error, const QString& path)
 {
-    if (error.number() == DiskFull || error.number() == 61)
+    switch (error.number()) {
+    case 61:
+    case DiskFull:
         throw RuntimeError(DiskFull, u"На диске нет места для файла «%1». Освободите место и повторите."_s.arg(
                                          QDir::toNativeSeparators(path)));
-    throw RuntimeError(CannotOpenOrWrite, u"Файл «%1» нельзя создать. Проверьте права на его папку."_s.arg(
-                                              QDir::toNativeSeparators(path)));
+    case 70:
+    case 75:
+    case CannotOpenOrWrite:
+        throw RuntimeError(CannotOpenOrWrite, u"Файл «%1» нельзя создать. Проверьте права на его папку."_s.arg(
+                                                  QDir::toNativeSeparators(path)));
+    default: throw error;
+    }
 }
 
 } // namespace
@@ -81,7 +103,7 @@ struct DBEngine::State : std::enable_shared_from_this<DBEngine::State> {
 
 std::shared_ptr<Connection> DBEngine::State::open(const QString& path, Connection::Mode mode)
 {
-    requireFile(path);
+    requireFile(path, mode);
     const QString key = fileKey(path);
     Entry& entry = entries[static_cast<int>(mode)][key];
     if (entry.connection && entry.connection->moved()) entry = {}; // open handles keep the old file to themselves
@@ -167,14 +189,13 @@ Database DBEngine::OpenDatabaseReadOnly(const QString& path)
 
 void DBEngine::CompactDatabase(const QString& source, const QString& target)
 {
-    requireFile(source);
+    requireFile(source, Connection::Mode::ReadOnly);
     requireNoFile(target);
     Release(source);
     Connection connection(source, Connection::Mode::ReadWrite, d->clock, d->groups);
     try {
         connection.copyTo(target);
     } catch (const RuntimeError& error) {
-        if (error.number() == Damaged) throw;
         cannotCreate(error, target);
     }
 }

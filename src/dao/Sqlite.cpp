@@ -1,9 +1,11 @@
 #include "dao/Sqlite.h"
 
 #include "dao/DBEngine.h"
+#include "platform/Files.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <cerrno>
 #include <sqlite3.h>
 
@@ -53,15 +55,24 @@ RuntimeError wrongStatement(const QString& text, const QString& path, int malfor
     return {malformed, u"Ошибка в тексте запроса к базе данных «%1»: %2."_s.arg(path, text)};
 }
 
+bool isNoRoom(int error) { return error == ENOSPC || error == EDQUOT; }
+
+RuntimeError diskFull(const QString& file)
+{
+    return {DiskFull, u"На диске нет места для файла «%1». Освободите место и повторите."_s.arg(file)};
+}
+
 RuntimeError failure(sqlite3* db, int code, const QString& path, const QString& table, int malformed)
 {
     const QString file = QDir::toNativeSeparators(path);
     switch (code & 0xFF) {
     case SQLITE_CONSTRAINT: return brokenConstraint(code, message(db), table);
-    case SQLITE_FULL:
-        return {DiskFull, u"На диске нет места для файла «%1». Освободите место и повторите."_s.arg(file)};
-    case SQLITE_READONLY:
+    case SQLITE_FULL: return diskFull(file);
     case SQLITE_CANTOPEN:
+        // For want of room, too; by now SQLite has tried to open the file for reading, which made another errno of it.
+        if (isNoRoom(NewFileError(QFileInfo(path).absolutePath()))) return diskFull(file);
+        [[fallthrough]];
+    case SQLITE_READONLY:
     case SQLITE_PERM:
     case SQLITE_AUTH:
         return {CannotOpenOrWrite,
@@ -70,8 +81,7 @@ RuntimeError failure(sqlite3* db, int code, const QString& path, const QString& 
     case SQLITE_CORRUPT: return {Damaged, u"Файл «%1» поврежден. Восстановите его из резервной копии."_s.arg(file)};
     case SQLITE_IOERR:
         if (code == SQLITE_IOERR_NOMEM) return {7, u"Не хватает памяти."_s};
-        if (sqlite3_system_errno(db) == ENOSPC || sqlite3_system_errno(db) == EDQUOT)
-            return {DiskFull, u"На диске нет места для файла «%1». Освободите место и повторите."_s.arg(file)};
+        if (isNoRoom(sqlite3_system_errno(db))) return diskFull(file);
         return {DiskError, u"Ошибка чтения или записи файла «%1». Проверьте диск, на котором он лежит."_s.arg(file)};
     case SQLITE_NOMEM: return {7, u"Не хватает памяти."_s};
     case SQLITE_BUSY:

@@ -32,11 +32,23 @@ void append(const QString& path, const QByteArray& line)
     if (!written) throw FileError(writeError, path);
 }
 
-/// No routine may start behind the box of a fault.
-void stopTimers()
+/// Behind the box of a fault no routine may start, and nothing paints: what failed to would fail again.
+void freezeWindows()
 {
-    for (QWidget* window : QApplication::topLevelWidgets())
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        window->setUpdatesEnabled(false);
         for (Timer* timer : window->findChildren<Timer*>()) timer->setEnabled(false);
+    }
+}
+
+/// Where a database finds no room the log finds none either; the user is told all the same.
+void logIfPossible(const Program& program, QLatin1StringView place, const RuntimeError& error)
+{
+    try {
+        LogFault(program, place, error);
+    } catch (const RuntimeError& second) {
+        std::fprintf(stderr, "vinora: %s\nvinora: %s\n", error.what(), second.what());
+    }
 }
 
 /// Keeps what the routine wrote before its fault. When that fails the group is lost, which the log tells as well.
@@ -46,7 +58,7 @@ void keepWrites(Program& program)
         program.engine.Commit();
     } catch (const RuntimeError& error) {
         program.engine.Rollback();
-        LogFault(program, "vinoraModule, ReportFault()"_L1, error);
+        logIfPossible(program, "vinoraModule, ReportFault()"_L1, error);
     }
 }
 
@@ -96,10 +108,10 @@ void ReportFault(Program& program, QLatin1StringView place, const RuntimeError& 
     if (program.faulted) EndProcess(program, EXIT_FAILURE);
     program.faulted = true;
     try {
-        stopTimers();
+        freezeWindows();
         while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
         keepWrites(program);
-        LogFault(program, place, error);
+        logIfPossible(program, place, error);
         program.dialogs.MsgBox(faultText(error), Box::Stop);
     } catch (const std::exception& second) {
         std::fprintf(stderr, "vinora: %s\nvinora: %s\n", error.what(), second.what());
@@ -118,8 +130,9 @@ void ReportCaught(Program& program, QLatin1StringView place) { ReportFault(progr
 void Guarded(Program& program, QLatin1StringView place, const std::function<void()>& routine)
 {
     const RoutineCount count(program);
+    CommandScope scope(
+        program.engine); // at a fault it is ReportFault that keeps the writes, or tells that they are lost
     try {
-        CommandScope scope(program.engine);
         routine();
         scope.end();
     } catch (const std::exception&) {

@@ -10,9 +10,9 @@
 /// Throws FileError when the log cannot be written.
 void LogFault(const Program& program, QLatin1StringView place, const RuntimeError& error);
 
-/// The last resort for an error that a routine did not expect: timers stop, pending edits are dropped, the group of
-/// writes is committed, the line is logged, the user is told, the process ends. A fault inside of it ends the process
-/// without another box. Does not return.
+/// The last resort for an error that a routine did not expect: timers and painting stop, pending edits are dropped, the
+/// group of writes is committed, the line is logged where it can be, the user is told, the process ends. A fault inside of
+/// it ends the process without another box. Does not return.
 [[noreturn]] void ReportFault(Program& program, QLatin1StringView place, const RuntimeError& error);
 
 /// Ends the process at once. For messages whose answer is the end; errors go to ReportFault.

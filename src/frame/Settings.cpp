@@ -4,9 +4,8 @@
 
 #include <QUrl>
 
-#include <algorithm>
-
 static constexpr QStringView Section = u"Option";
+static constexpr int LongestInterval = 65'535; // ms
 
 bool OptionIsOn(const Program& program, QStringView key) { return program.settings().number(Section, key) == 1; }
 
@@ -17,7 +16,7 @@ std::optional<int> BlinkInterval(const Program& program, QStringView key)
     const QString value = program.settings().read(Section, key, 5);
     if (value.isEmpty()) return {};
     const double number = Val(value);
-    return number == 1 ? 1 : std::max(0, int(number / 10));
+    return number == 1 ? 1 : BoundedInt(number / 10, 0, LongestInterval);
 }
 
 static bool isHexDigit(QChar c)

@@ -2,6 +2,7 @@
 
 #include "platform/Literals.h"
 
+#include <QHash>
 #include <array>
 
 /// Values that one screen sets and another reads, under the names by which routines speak of them. What is not here goes
@@ -32,6 +33,9 @@ struct Shared {
     QString PickedDisc;      ///< "number:disc" of the picker; cleared by who asked for it
 
     QString CurrentDiscID; ///< last identifier read for a command, or of the list at hand
+    /// Categories of discs by identifier that skipcd.ini did not take, with its values: set and read by recognition, each
+    /// cleared when the file takes a later one.
+    QHash<QString, QString> UnsavedCategories;
     /// Names of the lists of disc 1 to 6 of the record at hand: filled by the screen of lists that opens on it, kept by
     /// what makes and deletes lists.
     std::array<QString, 6> DiscIDSlots;

@@ -36,6 +36,8 @@ public:
             return QApplication::notify(receiver, event);
         } catch (const std::exception&) {
             if (!program) throw;
+            // The box of the first fault is up, and is to be read.
+            if (program->faulted) return false;
             ReportCaught(*program, "vinoraModule, Main()"_L1);
         }
     }

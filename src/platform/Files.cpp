@@ -117,6 +117,16 @@ void CopyFile(const QString& from, const QString& to)
     target.commit(status.st_mode & 0777);
 }
 
+int NewFileError(const QString& folder)
+{
+    QByteArray name = QFile::encodeName(folder) + "/~vinora.XXXXXX";
+    const int file = mkstemp(name.data());
+    if (file < 0) return errno;
+    ::close(file);
+    unlink(name.constData());
+    return 0;
+}
+
 QString ApplicationFolder(const QString& programFolder)
 {
     const QString folder = QDir::cleanPath(programFolder);

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -233,4 +234,9 @@ double Val(QStringView text)
     double value = 0;
     const auto result = std::from_chars(begin, digits.data() + digits.size(), value);
     return result.ec == std::errc() ? value : 0;
+}
+
+int BoundedInt(double number, int lowest, int highest)
+{
+    return int(std::clamp(number, double(lowest), double(highest)));
 }

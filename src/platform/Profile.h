@@ -39,3 +39,5 @@ private:
 
 /// The number that a text begins with, blanks inside it passed over, "1 000,5 kg" giving 1000; 0 when it begins with none.
 double Val(QStringView text);
+/// The whole part of a number of any size, within bounds: a settings file may hold 9e99.
+int BoundedInt(double number, int lowest, int highest);

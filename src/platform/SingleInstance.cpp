@@ -2,9 +2,28 @@
 
 #include "platform/Literals.h"
 
-SingleInstance::SingleInstance(const QString& applicationFolder) : m_lock(applicationFolder + u"/vinora.lock"_s)
+#include <QCryptographicHash>
+#include <QDir>
+
+namespace {
+
+QString sessionLock(const QString& folder)
 {
-    m_lock.setStaleLockTime(0); // age alone never breaks a lock: the program may run for weeks
-    // Where nothing can be written there is no other instance to collide with.
-    m_acquired = m_lock.tryLock(0) || m_lock.error() == QLockFile::PermissionError;
+    const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR", QDir::tempPath());
+    const QByteArray name = QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha1).toHex();
+    return session + u"/vinora-"_s + QString::fromLatin1(name) + u".lock"_s;
 }
+
+/// A lock that cannot be written refuses nobody.
+bool refused(QLockFile& lock)
+{
+    lock.setStaleLockTime(0); // age alone never breaks a lock: the program may run for weeks
+    return !lock.tryLock(0) && lock.error() == QLockFile::LockFailedError;
+}
+
+}
+
+SingleInstance::SingleInstance(const QString& applicationFolder)
+    : m_inFolder(applicationFolder + u"/vinora.lock"_s), m_inSession(sessionLock(applicationFolder)),
+      m_acquired(!refused(m_inFolder) && !refused(m_inSession))
+{}

@@ -9,10 +9,15 @@ static constexpr QStringView Ignored = u"n/a";
 
 namespace {
 
-/// A disc without an identifier cannot be remembered: it is asked about each time.
-void writeSkipCD(const Program& program, const QString& id, QStringView category)
+/// A disc without an identifier cannot be remembered: it is asked about each time. What the file does not take holds for
+/// this run.
+void writeSkipCD(Program& program, const QString& id, QStringView category)
 {
-    if (!id.isEmpty()) program.skipcd().write(Section, id, category.toString());
+    if (id.isEmpty()) return;
+    if (program.skipcd().write(Section, id, category.toString()))
+        program.shared.UnsavedCategories.remove(id);
+    else
+        program.shared.UnsavedCategories[id] = category.toString();
 }
 
 DiscInDrive identify(const Program& program, const VolumeProperties& volume)
@@ -28,7 +33,10 @@ QString SerialToID(quint32 serial) { return serial == 0 ? QString() : QString::n
 
 QString ReadSkipCD(const Program& program, const QString& id)
 {
-    return id.isEmpty() ? QString() : program.skipcd().read(Section, id, 15).trimmed();
+    if (id.isEmpty()) return {};
+    const auto unsaved = program.shared.UnsavedCategories.constFind(id);
+    if (unsaved != program.shared.UnsavedCategories.cend()) return *unsaved;
+    return program.skipcd().read(Section, id, 15).trimmed();
 }
 
 QString GetCDDrives(const Program& program) { return program.drives.letters(); }

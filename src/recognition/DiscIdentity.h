@@ -35,7 +35,8 @@ struct DriveGlance {
 };
 DriveGlance GlanceAt(const Program& program, const QString& drive);
 
-/// Asks the user which category the disc belongs to and stores the answer in skipcd.ini. Kind word, empty for none.
+/// Asks the user which category the disc belongs to and stores the answer in skipcd.ini, or for this run where the file
+/// cannot be written. Kind word, empty for none.
 QString AskCategory(Program& program, const QString& id);
 /// The command that corrects a category by hand: true when the category was asked for, and the watch is to start again.
 /// `stopWatch` runs once the user has agreed; without a disc in the drive the watch stays stopped.

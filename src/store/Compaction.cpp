@@ -2,6 +2,26 @@
 
 #include "platform/Files.h"
 
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+#include <cstdio>
+
+namespace {
+
+/// A temporary that is there already may be all that is left of a database: it stays, under a name that is free.
+void setAside(const QString& temporary)
+{
+    if (!FileExists(temporary)) return;
+    const QString name = temporary.chopped(3); // ".db"
+    QString free;
+    for (int i = 1; free.isEmpty() || QFileInfo::exists(free); ++i) free = name + u"-%1.db"_s.arg(i);
+    if (std::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(free).constData()) != 0)
+        throw FileError(errno, temporary);
+}
+
+}
+
 void CompactDatabases(Program& program)
 {
     const std::array<std::pair<QString, QString>, 3> files{
@@ -10,10 +30,12 @@ void CompactDatabases(Program& program)
         std::pair{program.shared.TracksDBPath, program.applicationFolder + u"/~vinora_tracks.db"_s},
     };
     program.engine.ReleaseAll();
-    for (const auto& [database, temporary] : files) {
-        // One that a fault left behind would refuse the copy.
-        if (FileExists(temporary)) DeleteFile(temporary);
-        program.engine.CompactDatabase(database, temporary);
+    for (const auto& file : files) setAside(file.second);
+    try {
+        for (const auto& [database, temporary] : files) program.engine.CompactDatabase(database, temporary);
+    } catch (const RuntimeError&) {
+        for (const auto& file : files) QFile::remove(file.second);
+        throw;
     }
     for (const auto& [database, temporary] : files) {
         DeleteFile(database);

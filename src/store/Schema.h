@@ -26,6 +26,3 @@ struct Seed {
 };
 const QList<Seed>& MainSeeds();
 const QList<Seed>& FilterSeeds();
-
-/// "vinora.db" and its like are ours: the file's application_id.
-inline constexpr int DatabaseApplicationId = 0x766E7261; // "vnra"

@@ -99,6 +99,7 @@ TEST_F(Files, OpeningTellsWhatIsWrongAndCreatesNothing)
     EXPECT_EQ(errorOf([&] { engine.OpenDatabase(at(u"none/vinora.db"_s)); }), DaoErrorNumber::PathNotValid);
     EXPECT_EQ(errorOf([&] { engine.CreateDatabase(at(u"none/vinora.db"_s)); }), DaoErrorNumber::PathNotValid);
     EXPECT_EQ(errorOf([&] { engine.CreateDatabase(path); }), DaoErrorNumber::FileExists);
+    EXPECT_EQ(errorOf([&] { engine.CreateDatabase(at(QString(300, u'x'))); }), 52) << "not what the folder refuses";
 
     write(u"text.db"_s, QByteArray("just a text, but a long one ").repeated(50));
     write(u"empty.db"_s, {});
@@ -125,6 +126,8 @@ TEST_F(Files, AFolderThatCannotBeWrittenIsNoticedOnOpening)
         DBEngine own(clock);
         if (errorOf([&] { own.OpenDatabase(path); }) != DaoErrorNumber::CannotOpenOrWrite) return 1;
         if (errorOf([&] { own.CreateDatabase(at(u"new.db"_s)); }) != DaoErrorNumber::CannotOpenOrWrite) return 2;
+        if (errorOf([&] { own.OpenDatabase(at(u"new.db"_s)); }) != DaoErrorNumber::CannotOpenOrWrite) return 5;
+        if (errorOf([&] { own.OpenDatabaseReadOnly(at(u"new.db"_s)); }) != DaoErrorNumber::FileNotFound) return 6;
         const Database look = own.OpenDatabaseReadOnly(path);
         if (look.OpenRecordset(u"Стиль").RecordCount() != 0) return 3;
         return errorOf([&] { look.Execute(u"DELETE FROM Стиль"); }) == DaoErrorNumber::CannotOpenOrWrite ? 0 : 4;
@@ -228,7 +231,15 @@ TEST_F(Files, AFullFileSystemGivesUpTheGroupAndNothingElse)
         const QString small = at(u"disk/vinora.db"_s);
         DBEngine(clock).CreateDatabase(small);
         write(u"disk/ballast"_s, QByteArray(200'000, 'x'));
-        return fillUntilFull(small, [&] { QFile::remove(at(u"disk/ballast"_s)); });
+        if (const int full = fillUntilFull(small, [&] { QFile::remove(at(u"disk/ballast"_s)); })) return full;
+
+        // Room enough, but none for one file more, so that the journal cannot be made.
+        if (::mount("tmpfs", disk.constData(), "tmpfs", 0, "nr_inodes=3") != 0) return NoMount;
+        DBEngine own(clock);
+        own.CreateDatabase(small);
+        write(u"disk/ballast"_s, {});
+        const auto change = [&] { own.OpenDatabase(small).CreateTable(table(u"t"_s, {{u"n"_s, FieldType::Long}})); };
+        return errorOf(change) == DaoErrorNumber::DiskFull ? 0 : 9;
     });
     if (result == NoMount) GTEST_SKIP() << "this user cannot mount a file system";
     EXPECT_EQ(result, 0);

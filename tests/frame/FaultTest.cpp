@@ -1,11 +1,14 @@
 #include "frame/Fault.h"
 #include "frame/Settings.h"
+#include "harness/FileSizeLimit.h"
 #include "harness/ScreenTest.h"
 #include "platform/CodePage1251.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <optional>
 
 namespace {
 
@@ -17,6 +20,7 @@ const QString Advice =
 
 class Fault : public ScreenTest {
 protected:
+    std::optional<FileSizeLimit> limit; ///< a disk that has become full
     QString log()
     {
         QFile file(path("bugreport.log"));
@@ -66,7 +70,7 @@ TEST_F(Fault, IsToldUnderTheInnermostRoutineAndEndsTheProcessWithItsWritesKept)
     EXPECT_EQ(styles(), 34);
 }
 
-TEST_F(Fault, StopsTimersAndShowsANormalPointer)
+TEST_F(Fault, StopsTimersAndPaintingAndShowsANormalPointer)
 {
     QWidget window;
     Timer timer(&window);
@@ -85,15 +89,35 @@ TEST_F(Fault, StopsTimersAndShowsANormalPointer)
     });
     EXPECT_TRUE(normal);
     EXPECT_FALSE(timer.enabled());
+    EXPECT_FALSE(window.updatesEnabled());
     EXPECT_TRUE(log().contains(u"(Код: 7) frmDue, Form_Load()"));
 }
 
-TEST_F(Fault, ThatCannotBeLoggedEndsTheProcessWithoutABox)
+TEST_F(Fault, ThatCannotBeLoggedIsToldAllTheSame)
 {
     QDir(folder.path()).mkdir("bugreport.log");
+    expectBox(u"ОШИБКА.\n\nСломалось. (Код: 13)"_s + Advice, Box::Stop);
     expectEnd();
     play([&] { Guarded(program, "frmDue, Form_Load()"_L1, [] { throw RuntimeError(13, u"Сломалось."_s); }); });
-    EXPECT_EQ(log(), u"(no log)"_s);
+}
+
+TEST_F(Fault, WhoseWritesAreLostTellsThatToo)
+{
+    expectBox(u"ОШИБКА.\n\nСломалось. (Код: 13)"_s + Advice, Box::Stop);
+    expectEnd();
+    play([&] {
+        Guarded(program, "frmDue, cmdAdd()"_L1, [&] {
+            for (int i = 0; i < 2000; ++i) addStyle(QString(50, u'x'));
+            limit.emplace(rlim_t(QFileInfo(program.shared.MainDBPath).size()));
+            throw RuntimeError(13, u"Сломалось."_s);
+        });
+    });
+    limit.reset();
+    const QStringList lines = log().split(u"\r\n"_s, Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_TRUE(lines[0].endsWith(u" (Код: 3043) vinoraModule, ReportFault()")) << lines[0].toStdString();
+    EXPECT_TRUE(lines[1].endsWith(u" (Код: 13) frmDue, cmdAdd()")) << lines[1].toStdString();
+    EXPECT_EQ(styles(), 31);
 }
 
 using Settings = ScreenTest;
@@ -111,7 +135,8 @@ TEST_F(Settings, FollowTheIdiomsOfTheFile)
     EXPECT_EQ(DefaultDrive(program), u"E:\\"_s);
 
     EXPECT_EQ(BlinkInterval(program, u"tmrDue"), std::nullopt);
-    for (auto [value, interval] : {std::pair{"1", 1}, {"2500", 250}, {"0", 0}, {"-50", 0}, {"99999", 999}}) {
+    for (auto [value, interval] :
+         {std::pair{"1", 1}, {"2500", 250}, {"0", 0}, {"-50", 0}, {"99999", 999}, {"9e99", 65535}}) {
         setOption("tmrDue", value);
         EXPECT_EQ(BlinkInterval(program, u"tmrDue"), interval) << value;
     }

@@ -120,6 +120,11 @@ TEST_F(Files, OneInstanceAtATimeAndADeadOneDoesNotCount)
     dead.waitForFinished();
     put("vinora.lock", QByteArray::number(pid) + "\ntrue\n" + QSysInfo::machineHostName().toUtf8() + "\n");
     EXPECT_TRUE(SingleInstance(tree).acquired());
+
+    // Where no file can be made the first one is still the first.
+    SingleInstance first(at("not there"));
+    EXPECT_TRUE(first.acquired());
+    EXPECT_FALSE(SingleInstance(at("not there")).acquired());
 }
 
 TEST_F(Files, FoldersAndLinksAreOpenedByTheDesktopsProgram)

@@ -1,6 +1,8 @@
 #include "harness/ScreenTest.h"
 #include "recognition/DiscIdentity.h"
 
+#include <QDir>
+
 namespace {
 
 /// A drive D with a disc that only the user can tell: a volume of 64 characters per name.
@@ -43,6 +45,14 @@ TEST_F(Category, IsAskedOnceAndRemembered)
         EXPECT_EQ(GetDiskIDcheck(program, drive), "DVD");
     });
     EXPECT_EQ(program.shared.CurrentDiscID, "");
+}
+
+TEST_F(Category, IsAskedOnceEvenWhereTheAnswerCannotBeStored)
+{
+    QDir(folder.path()).mkdir("skipcd.ini");
+    expectDoubt(Answer::Yes);
+    play([&] { EXPECT_EQ(GetDiskID(program, drive), ""); }, [&]() -> Script { co_await key(Qt::Key_Escape); });
+    play([&] { EXPECT_EQ(PeekDisc(program, drive).kind, ""); });
 }
 
 TEST_F(Category, RefusedAndConfirmedMakesTheDiscNoMedium)

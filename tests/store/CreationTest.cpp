@@ -1,3 +1,4 @@
+#include "harness/FileSizeLimit.h"
 #include "harness/ScreenTest.h"
 #include "platform/Files.h"
 #include "store/DatabaseSet.h"
@@ -5,8 +6,6 @@
 #include "store/StartUp.h"
 
 #include <QDir>
-#include <csignal>
-#include <sys/resource.h>
 
 namespace {
 
@@ -38,27 +37,6 @@ protected:
     {
         return u"Папка '%1' не существует!\n\nВосстановить путь к локальной базе данных?"_s.arg(folder);
     }
-};
-
-/// Files of this process cannot grow beyond `bytes` meanwhile, as on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    rlimit m_before;
-    void (*m_handler)(int);
 };
 
 }
@@ -185,4 +163,13 @@ TEST_F(Creation, InAnUnreachableFolderAsksAndGoesOnInTheApplicationFolderOrEnds)
     EXPECT_EQ(program.shared.MainDBPath, path("vinora.db"));
     EXPECT_EQ(rows("SELECT COUNT(*) FROM DVD"), "1\n");
     EXPECT_EQ(trackTables(), "");
+
+    // The application folder may be out of reach as well.
+    ASSERT_TRUE(WritePathLocalDB(program, path("нет")));
+    SetFilePaths(program);
+    ASSERT_TRUE(QDir(folder.path()).removeRecursively());
+    expectBox(question(path("нет")), Box::Warning, Answer::Yes);
+    expectBox(question(folder.path()), Box::Warning, Answer::No);
+    expectEnd();
+    play([&] { PrepareDatabases(program); });
 }
