@@ -37,7 +37,11 @@ frmEditFilter::frmEditFilter(Program& program) : Screen(program, u"frmEditFilter
     connect(imgButton[3], &QPushButton::clicked, this, &frmEditFilter::cmdChangeFile);
 }
 
-void frmEditFilter::Form_Load() { optFilter_Click(); }
+void frmEditFilter::Form_Load()
+{
+    lvFilter->setFocus();
+    optFilter_Click();
+}
 
 void frmEditFilter::optFilter_Click()
 {

@@ -10,7 +10,7 @@
 #include "store/DiscTables.h"
 #include "store/Schema.h"
 #include "ui/Icons.h"
-#include "ui/Theme.h"
+#include "ui/Lettering.h"
 
 #include <QShortcut>
 #include <algorithm>
@@ -20,7 +20,7 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
 {
     setMaximizable();
     lblHeader->setText(u"Список файлов Компьютерного диска"_s);
-    lblHeader->setFont(Theme::heading(font()));
+    lettered(lblHeader, Lettering::Heading);
     txtNoFiles->setText(u"В этой папке нет файлов"_s);
     for (QLabel* empty : {txtNoFiles, lblNoFiles}) {
         empty->setAlignment(Qt::AlignCenter);

@@ -2,7 +2,7 @@
 
 #include "contents/FileLists.h"
 #include "frame/Text.h"
-#include "ui/Theme.h"
+#include "ui/Lettering.h"
 
 #include <QScopedValueRollback>
 
@@ -16,7 +16,7 @@ frmFileListCreate::frmFileListCreate(Program& program, Drive& drive, std::shared
 {
     prbFiles->setTextVisible(false);
     QLabel* hint = label(u"Esc прерывает сканирование; найденное останется в списке"_s);
-    for (QLabel* small : {lblCount, hint}) small->setFont(Theme::caption(font()));
+    for (QLabel* small : {lblCount, hint}) lettered(small, Lettering::Caption);
     setLayout(column(lblDir, lblFile, prbFiles, lblCount, hint));
     setMinimumWidth(fontMetrics().averageCharWidth() * 60);
 }

@@ -66,28 +66,17 @@ class DamagedImages : public ImageTest {};
 
 }
 
-TEST_F(FileListScanner, SubfoldersComeFirstAndFromTheLast)
-{
-    EXPECT_EQ(scan(*shelf()), "\\B\\ . 0\n"
-                              "\\A\\X\\ . 0\n"
-                              "\\A\\X\\ deep.zip 2,0\n"
-                              "\\A\\ . 0\n"
-                              "\\A\\ a.txt 0,0\n"
-                              "\\ . 0\n"
-                              "\\ readme.TXT 0,1\n"
-                              "\\ setup.exe 1\u00A0000,0\n");
-    EXPECT_EQ(scan(*FakeDisc::data("EMPTY", 1)), "\\ . 0\n");
-}
-
-TEST_F(FileListScanner, RulesChooseWhatGetsARow)
+TEST_F(FileListScanner, SubfoldersComeFirstAndFromTheLastAndRulesChooseRows)
 {
     const auto disc = shelf();
-    EXPECT_EQ(scan(*disc, {.rootFiles = false}),
-              "\\B\\ . 0\n\\A\\X\\ . 0\n\\A\\X\\ deep.zip 2,0\n\\A\\ . 0\n\\A\\ a.txt 0,0\n\\ . 0\n");
+    const std::string folders = "\\B\\ . 0\n\\A\\X\\ . 0\n\\A\\X\\ deep.zip 2,0\n\\A\\ . 0\n\\A\\ a.txt 0,0\n\\ . 0\n";
+    EXPECT_EQ(scan(*disc), folders + "\\ readme.TXT 0,1\n\\ setup.exe 1\u00A0000,0\n");
+    EXPECT_EQ(scan(*disc, {.rootFiles = false}), folders);
     EXPECT_EQ(scan(*disc, {.foldersOnly = true}), "\\B\\ . 0\n\\A\\X\\ . 0\n\\A\\ . 0\n\\ . 0\n");
     EXPECT_EQ(scan(*disc, {.folders = false, .hiddenFiles = true, .lowerCase = true}),
               "\\ . 0\n\\ hidden.txt 0,0\n\\ readme.txt 0,1\n\\ setup.exe 1\u00A0000,0\n");
     EXPECT_EQ(watcher.entered, (QStringList{"\\", "\\B\\", "\\A\\", "\\A\\X\\"})) << "visited all the same";
+    EXPECT_EQ(scan(*FakeDisc::data("EMPTY", 1)), "\\ . 0\n");
 }
 
 TEST_F(FileListScanner, FilterLeavesOutOrTakesAlone)

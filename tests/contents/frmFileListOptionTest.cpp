@@ -137,28 +137,17 @@ TEST_F(FileListOption, RefusalsComeInTheirOrder)
     EXPECT_FALSE(program.shared.DialogDone);
 }
 
-TEST_F(FileListOption, TicksOpenAndCloseOneAnother)
-{
-    choose([&]() -> Script {
-        const std::tuple<QString, bool, QString> ticks[] = {{"chFilter", true, "++++"},
-                                                            {"chScanDirOnly", true, "+---"},
-                                                            {"chScanDirOnly", false, "++++"},
-                                                            {"chScanDir", false, "-+++"},
-                                                            {"chFilter", false, "-+--"}};
-        for (const auto& [box, on, expected] : ticks) {
-            co_await check(box, on);
-            QString open;
-            for (const QString name : {"chScanDirOnly", "chFilter", "optFilter_0", "optFilter_1"})
-                open += enabled(name) ? "+" : "-";
-            EXPECT_EQ(open, expected) << qPrintable(box);
-        }
-    });
-}
-
 TEST_F(FileListOption, OptionsAndTheEditedFilterGoIntoTheScanAndAreKeptIfThatIsWanted)
 {
     choose([&]() -> Script {
-        co_await check("chLCase");
+        EXPECT_FALSE(enabled("optFilter_0"));
+        for (const QString box : {"chLCase", "chFilter", "chScanDirOnly"}) co_await check(box);
+        EXPECT_FALSE(enabled("chFilter") || enabled("optFilter_0"));
+        co_await check("chScanDir", false);
+        EXPECT_FALSE(enabled("chScanDirOnly"));
+        co_await check("chScanDir");
+        co_await check("chScanDirOnly", false);
+        EXPECT_TRUE(enabled("chFilter") && enabled("optFilter_0"));
         co_await key(Qt::Key_Escape);
     });
     setOption("SaveFileListOption", "1");
