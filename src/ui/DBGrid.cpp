@@ -21,13 +21,6 @@ public:
     }
     const QList<Column>& columnList() const { return m_columns; }
 
-    void setCaption(int column, const QString& caption)
-    {
-        if (column < 0 || column >= m_columns.size()) return;
-        m_columns[column].caption = caption;
-        emit headerDataChanged(Qt::Horizontal, column, column);
-    }
-
     void setControl(DataControl* control)
     {
         m_control = control;
@@ -41,13 +34,6 @@ public:
         m_rows = m_control ? m_control->recordCount() : 0;
         findFields();
         endResetModel();
-    }
-
-    void readAgain()
-    {
-        if (!m_control || m_control->recordCount() != m_rows) return reset();
-        m_pages.clear();
-        if (m_rows > 0 && !m_columns.isEmpty()) emit dataChanged(index(0, 0), index(m_rows - 1, columns() - 1));
     }
 
 protected:
@@ -149,8 +135,6 @@ void DBGrid::setColumns(const QList<Column>& columns)
     followControl();
 }
 
-void DBGrid::setCaption(int column, const QString& caption) { m_model->setCaption(column, caption); }
-
 void DBGrid::setDataControl(DataControl* control)
 {
     if (m_control) disconnect(m_control, nullptr, this, nullptr);
@@ -160,10 +144,6 @@ void DBGrid::setDataControl(DataControl* control)
     if (!control) return;
     connect(control, &DataControl::refreshed, this, [this] {
         m_model->reset();
-        followControl();
-    });
-    connect(control, &DataControl::rowsChanged, this, [this] {
-        m_model->readAgain();
         followControl();
     });
     connect(control, &DataControl::moved, this, [this] { followControl(); });

@@ -22,7 +22,6 @@ public:
     ~DBGrid() override;
 
     void setColumns(const QList<Column>& columns);
-    void setCaption(int column, const QString& caption);
     void setDataControl(DataControl* control);
     /// Type-ahead is the screen's: the view's own would read every row.
     void keyboardSearch(const QString&) override {}

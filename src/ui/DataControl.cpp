@@ -1,5 +1,6 @@
 #include "ui/DataControl.h"
 
+#include <QFocusEvent>
 #include <QTextDocument>
 #include <algorithm>
 
@@ -94,12 +95,35 @@ void DataControl::bindBox(QWidget* box, const QString& field, Format format)
 {
     m_bindings.removeIf([box](const Binding& binding) { return !binding.box || binding.box == box; });
     m_bindings.append({box, field, std::move(format)});
+    box->installEventFilter(this);
     show(m_bindings.constLast(), true);
 }
 
 void DataControl::showRow()
 {
     for (const Binding& binding : QList(m_bindings)) show(binding, true);
+}
+
+bool DataControl::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::FocusOut) return false;
+    // A menu, a box or another program leaves the user where he was.
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    const bool stays = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+                       reason == Qt::MenuBarFocusReason;
+    if (!stays && static_cast<QWidget*>(watched)->isVisible()) left(watched);
+    return false;
+}
+
+/// What was typed in the box and led nowhere goes.
+void DataControl::left(const QObject* box)
+{
+    for (const Binding& binding : QList(m_bindings)) {
+        if (binding.box != box) continue;
+        const auto* line = qobject_cast<QLineEdit*>(binding.box);
+        const auto* plain = qobject_cast<QPlainTextEdit*>(binding.box);
+        if ((line && line->isModified()) || (plain && plain->document()->isModified())) show(binding, true);
+    }
 }
 
 void DataControl::afterMove()

@@ -23,7 +23,6 @@ public:
     /// Lets go of database and recordset, so that the file can be released. The grid is empty then.
     void close();
     void setRecordSource(const QString& select);
-    const QString& recordSource() const { return m_recordSource; }
     /// Opens the record source anew and goes to its first row. Without a database: throws 3021.
     void Refresh();
     /// Opens it anew and stays on the row with the same key, or on the first when it is gone.
@@ -47,7 +46,8 @@ public:
     bool FindNext(const QString& criterion, const QList<Value>& parameters = {});
     bool FindKey(const QList<qint64>& key);
 
-    /// The box shows the field from now on. While the user is typing in it a move does not overwrite it.
+    /// The box shows the field from now on. What the user types in it stands until he goes to another control of the
+    /// window: no move overwrites it meanwhile.
     void bind(QLineEdit* box, const QString& field, Format format = {});
     void bind(QPlainTextEdit* box, const QString& field);
     /// Shows the bound boxes again, also one that is being edited.
@@ -59,8 +59,9 @@ signals:
     void refreshed();
     /// The current row is another one of the same rows.
     void moved(int position);
-    /// Whoever edits or deletes rows of the recordset itself raises it: grids read their rows again.
-    void rowsChanged();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Binding {
@@ -72,6 +73,7 @@ private:
     void bindBox(QWidget* box, const QString& field, Format format);
     bool arrived(bool found);
     void afterMove();
+    void left(const QObject* box);
     void show(const Binding& binding, bool alsoEdited);
 
     std::optional<Database> m_database;

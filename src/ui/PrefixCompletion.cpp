@@ -4,10 +4,13 @@
 #include <algorithm>
 #include <utility>
 
-PrefixCompletion::PrefixCompletion(QLineEdit* box, QObject* parent) : QObject(parent), m_box(box)
+PrefixCompletion::PrefixCompletion(QLineEdit* box, QObject* parent)
+    : QObject(parent), m_box(box), m_length(box->text().size())
 {
     box->installEventFilter(this);
+    // The box tells of a change of its text before it tells of that of its selection.
     QObject::connect(box, &QLineEdit::textChanged, this, [this](const QString& text) { complete(text); });
+    QObject::connect(box, &QLineEdit::selectionChanged, this, [this] { m_selected = m_box->selectedText().size(); });
 }
 
 void PrefixCompletion::setItems(const QStringList& items)
@@ -35,8 +38,12 @@ bool PrefixCompletion::eventFilter(QObject* watched, QEvent* event)
 
 void PrefixCompletion::complete(const QString& text)
 {
+    // Typing over a selection takes away less than the selection was long.
+    const qsizetype taken = std::exchange(m_length, text.size()) - text.size();
+    const bool onlyTaken = taken > 0 && taken >= m_selected;
+    const bool undone = m_box->isRedoAvailable();
     // The flag lives until the end of one change, whatever that change was.
-    if (std::exchange(m_suppressed, false)) return;
+    if (std::exchange(m_suppressed, false) || onlyTaken || undone) return;
     if (text.isEmpty() || (m_active && !m_active())) return;
 
     const QString folded = text.toCaseFolded();

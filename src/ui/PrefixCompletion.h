@@ -5,8 +5,8 @@
 #include <functional>
 
 /// Completes what is typed in a box from a list: the first item that begins with the text, without regard to case, fills
-/// the box and the tail that was not typed is selected. Backspace and Delete take away without completing; Backspace with
-/// a selection cuts the text down to what lies before it.
+/// the box and the tail that was not typed is selected. What only takes away (Backspace, Delete, a cut, an undo) completes
+/// nothing; Backspace with a selection cuts the text down to what lies before it.
 class PrefixCompletion : public QObject {
 public:
     PrefixCompletion(QLineEdit* box, QObject* parent);
@@ -26,4 +26,5 @@ private:
     QStringList m_items, m_folded;
     std::function<bool()> m_active;
     bool m_suppressed = false;
+    qsizetype m_length = 0, m_selected = 0; ///< of the text and of its selection before the next change
 };

@@ -1,5 +1,6 @@
 #include "harness/FormTest.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -202,6 +203,24 @@ bool FormTest::commandEnabled(const QString& name)
     const QAction* action = runner.window().findChild<QAction*>(name);
     if (!action) runner.abort(u"No command "_s + name);
     return action->isEnabled();
+}
+
+QString FormTest::sharedMnemonics()
+{
+    QStringList captions;
+    const QWidget& window = runner.window();
+    for (const auto* caption : window.findChildren<QLabel*>())
+        if (caption->buddy() && !caption->isHidden()) captions += caption->text();
+    for (const auto* button : window.findChildren<QAbstractButton*>())
+        if (!button->isHidden()) captions += button->text();
+    QString once, shared;
+    for (QString caption : captions) {
+        const qsizetype sign = caption.remove(u"&&"_s).indexOf(u'&');
+        if (sign < 0 || sign + 1 == caption.size()) continue;
+        const QChar letter = caption[sign + 1].toUpper();
+        (once.contains(letter) ? shared : once) += letter;
+    }
+    return shared;
 }
 
 QString FormTest::focus()

@@ -78,6 +78,8 @@ protected:
     QString hint(const QString& name) { return controls.find(name).toolTip(); }
     /// Name of the control that has the keyboard.
     QString focus();
+    /// Letters that more than one caption or button of the window answers to with Alt; on tabs out of sight, too.
+    QString sharedMnemonics();
     QString title() { return runner.window().windowTitle(); }
     QString windowName() { return runner.window().objectName(); }
     template<class Widget> Widget& control(const QString& name)

@@ -138,6 +138,7 @@ TEST_F(BoundRows, ABoxBeingEditedIsNotOverwrittenByAMove)
         EXPECT_EQ(shown("txtName"), "Дис");
         EXPECT_EQ(shown("txtDate"), "");
         co_await focusOn("txtDate");
+        EXPECT_EQ(shown("txtName"), "Диск 2") << "what was typed led nowhere";
         form.dcDatabase->MoveTo(2);
         EXPECT_EQ(shown("txtName"), "Диск 3");
         co_await type("txtName", "x");
@@ -167,7 +168,7 @@ TEST_F(BoundRows, RefreshGoesToTheFirstRowOrStaysOnTheSameOne)
     });
 }
 
-TEST_F(BoundRows, EditedRowsAreReadAgainAndClosingEmptiesAll)
+TEST_F(BoundRows, ChangedRowsAreReadAgainAndClosingEmptiesAll)
 {
     fill(2);
     Browser form(*database);
@@ -178,7 +179,7 @@ TEST_F(BoundRows, EditedRowsAreReadAgainAndClosingEmptiesAll)
         rows.Edit();
         rows[u"Название"] = u"Кино"_s;
         rows.Update();
-        emit form.dcDatabase->rowsChanged();
+        form.dcDatabase->RefreshInPlace();
         EXPECT_EQ(shown("DBGrid"), "1 | Кино\n2 | Диск 2\n");
         form.dcDatabase->setRecordSource(u"SELECT * FROM Диски WHERE Номер > 5"_s);
         form.dcDatabase->Refresh();
@@ -206,7 +207,7 @@ TEST_F(BoundRows, AnErrorWhilePaintingComesUpFromTheEventLoop)
     EXPECT_NONFATAL_FAILURE(open(form,
                                  [&]() -> Script {
                                      broken = true;
-                                     co_await act([&] { emit form.dcDatabase->rowsChanged(); });
+                                     co_await act([&] { form.dcDatabase->RefreshInPlace(); });
                                      co_await key(Qt::Key_Tab);
                                  }),
                             "An exception left a routine: 3051: Диск исчез.");

@@ -87,3 +87,23 @@ TEST_F(Completion, KeepsToTheLengthOfTheBoxAndToItsOwnersWord)
     box.setText(u"ки"_s);
     EXPECT_EQ(shown(), u"Ки[но]"_s);
 }
+
+TEST_F(Completion, CutAndUndoTakeAwayWithoutCompleting)
+{
+    type(u"ки"_s);
+    box.cut();
+    EXPECT_EQ(shown(), u"Ки"_s);
+    box.setSelection(0, 1);
+    box.cut();
+    EXPECT_EQ(shown(), u"и"_s);
+
+    box.clear();
+    type(u"me"_s);
+    for (int step = 0; step < 20 && box.isUndoAvailable(); ++step) box.undo();
+    EXPECT_EQ(box.text(), QString()) << "every step leads further back";
+
+    box.setText(u"Кинчев"_s);
+    box.selectAll();
+    type(u"m"_s);
+    EXPECT_EQ(shown(), u"M[etallica]"_s) << "typing over a longer text completes";
+}
