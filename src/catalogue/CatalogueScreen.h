@@ -3,7 +3,7 @@
 #include "frame/Screen.h"
 #include "store/CatalogueKind.h"
 
-/// A screen that each catalogue has one of, told apart by `kind`.
+/// A screen that works on one catalogue, `kind`.
 class CatalogueScreen : public Screen {
 public:
     CatalogueScreen(Program& program, const CatalogueKind& kind, const QString& screenName, const QString& title)
@@ -11,12 +11,15 @@ public:
     {}
 
 protected:
+    /// Tag of the controls that a screen enables or shows together.
+    static inline const QString MyGroup = u"MyGroup"_s;
+
     /// Runs a routine guarded under the screen's own name, as in "frmCataloguePCCD, cmdAdd()".
-    void Routine(QLatin1StringView name, const std::function<void()>& body)
-    {
-        const QByteArray place = objectName().toLatin1() + ", " + QByteArray(name.data(), name.size()) + "()";
-        Guarded(QLatin1StringView(place), body);
-    }
+    void Routine(QLatin1StringView name, const std::function<void()>& body);
+    /// The catalogue's picture in its accent.
+    QWidget* sign() const;
+    /// The top of a dialog: the sign and, as its heading, the caption that says what is done.
+    QBoxLayout* head(QLabel* caption) const;
 
     const CatalogueKind& kind;
 };

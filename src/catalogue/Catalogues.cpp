@@ -30,10 +30,10 @@ const Forms* formsOf(const CatalogueKind& kind)
 
 bool HasCatalogue(const CatalogueKind& kind) { return formsOf(kind) != nullptr; }
 
-void OpenCatalogue(Program& program, const CatalogueKind& kind, QWidget* opener, int number)
+void OpenCatalogue(Program& program, const CatalogueKind& kind, QWidget* opener, qint64 key)
 {
     const auto catalogue = formsOf(kind)->browser(program);
-    catalogue->PositionOn(number);
+    catalogue->PositionOn(key);
     catalogue->ShowModal(opener);
 }
 

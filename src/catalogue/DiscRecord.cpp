@@ -2,14 +2,9 @@
 
 #include "store/Updates.h"
 
-static QString selectRow(const CatalogueKind& kind)
-{
-    return u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(kind.table, kind.key);
-}
-
 static Value orNull(const QString& text) { return text.isEmpty() ? Value() : Value(text); }
 
-std::optional<DiscRecord> ReadDisc(const Database& main, const CatalogueKind& kind, qint64 key)
+std::optional<DiscRecord> ReadRecord(const Database& main, const CatalogueKind& kind, qint64 key)
 {
     const Recordset row = main.OpenRecordset(kind.join() + u"AND "_s + kind.key + u" = ?"_s, {key});
     if (row.RecordCount() == 0) return {};
@@ -37,9 +32,39 @@ qint64 FindOrAddName(const Database& main, const DictionaryKind& dictionary, con
     return code;
 }
 
-void SaveDisc(const Database& main, const CatalogueKind& kind, const DiscRecord& record, qint64 code, QDate today)
+/// Texts of a table in stored order, row by row. DISTINCT, though the key makes every row so: its rows come all at once and
+/// not one by one.
+static QStringList textsOf(const Database& main, const QString& table, const QString& key, const QString& fields)
 {
-    Recordset row = main.OpenRecordset(selectRow(kind), {record.key});
+    const Recordset rows = main.OpenRecordset(u"SELECT DISTINCT %2, %3 FROM %1 ORDER BY %2"_s.arg(table, key, fields));
+    QStringList texts;
+    for (int position = 0; position < rows.RecordCount(); ++position)
+        for (const Value& value : rows.row(position).mid(1)) texts += value.text();
+    return texts;
+}
+
+QStringList NamesOf(const Database& main, const DictionaryKind& dictionary)
+{
+    return textsOf(main, dictionary.table, dictionary.key, dictionary.table);
+}
+
+QStringList TitlesOf(const Database& main, const CatalogueKind& kind)
+{
+    return textsOf(main, kind.table, kind.key, kind.album ? u"Название, Альбом"_s : u"Название"_s);
+}
+
+std::optional<QString> FirstDiscNumbered(const Database& main, const CatalogueKind& kind, int number)
+{
+    const Recordset row = main.OpenRecordset(
+        u"SELECT * FROM %1 WHERE Номер = ? ORDER BY %2"_s.arg(kind.table, kind.key), {number});
+    if (row.RecordCount() == 0) return {};
+    const QString name = row.value(u"Название").text();
+    return kind.album ? name + u" - "_s + row.value(u"Альбом").text() : name;
+}
+
+qint64 SaveDisc(const Database& main, const CatalogueKind& kind, const DiscRecord& record, qint64 code, QDate today)
+{
+    Recordset row = main.OpenRecordset(kind.rowByKey(), {record.key});
     if (record.key == 0) {
         row.AddNew();
         row[u"Номер"] = record.number;
@@ -53,6 +78,8 @@ void SaveDisc(const Database& main, const CatalogueKind& kind, const DiscRecord&
     row[kind.dictionary.key] = code;
     for (const QString& field : kind.extraFields) row[field] = record.extra.value(field);
     row[u"ДатаИзменения"] = today;
+    const qint64 key = row.value(kind.key).toLong(); // of a new row known until Update
     row.Update();
     StampUpdate(main, kind, today);
+    return key;
 }

@@ -7,12 +7,16 @@
 void RemoveDisc(const Program& program, const CatalogueKind& kind, qint64 key)
 {
     const Database main = program.mainDatabase();
-    const QString byKey = u"FROM %1 WHERE %2 = ?"_s.arg(kind.table, kind.key);
-    DeleteCover(program, kind.coverPrefix, main.Scalar(u"SELECT Номер "_s + byKey, {key}).toInt());
-    if (kind.lists != DiscLists::None) {
+    Recordset row = main.OpenRecordset(kind.rowByKey(), {key});
+    if (row.RecordCount() == 0) return;
+    const int number = row[u"Номер"].toInt();
+    if (kind.list) {
         const Database lists = ListDatabase(program, kind);
         for (const QString& list : ListsOfDisc(main, kind, key)) DropList(lists, list);
     }
-    main.Execute(u"DELETE "_s + byKey, {key});
+    row.Delete();
     StampUpdate(main, kind, program.clock.today());
+    // A file comes back with no group of writes: it goes when the row has gone for good.
+    program.engine.Commit();
+    DeleteCover(program, kind.coverPrefix, number);
 }

@@ -11,7 +11,12 @@ QString BorrowerOf(const Database& main, const CatalogueKind& kind, qint64 key)
 
 void TakeBack(const Database& main, const CatalogueKind& kind, qint64 key, QDate today)
 {
-    main.Execute(u"UPDATE %1 SET Должник = False WHERE %2 = ?"_s.arg(kind.table, kind.key), {key});
+    Recordset row = main.OpenRecordset(kind.rowByKey(), {key});
+    if (row.RecordCount() > 0) {
+        row.Edit();
+        row[u"Должник"] = false;
+        row.Update();
+    }
     Recordset loans = main.OpenRecordset(u"Должники");
     loans.FindLast(u"КодДиска = ? AND Категория = ?", {key, kind.code});
     if (loans.NoMatch()) return;

@@ -19,7 +19,7 @@ QString ReductionQuestion(const CatalogueKind& kind, const Reduction& reduction)
 
 void DropLostLists(const Database& main, const Database& lists, const CatalogueKind& kind, const Reduction& reduction)
 {
-    Recordset row = main.OpenRecordset(u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(kind.table, kind.key), {reduction.key});
+    Recordset row = main.OpenRecordset(kind.rowByKey(), {reduction.key});
     for (int k = reduction.after + 1; k <= qMin(reduction.before, 6); ++k) {
         if (row.value(CatalogueKind::listField(k)).text().isEmpty()) continue;
         DropList(lists, row.value(kind.reductionField(k)).text());

@@ -1,29 +1,23 @@
 #include "catalogue/frmAddCD.h"
 
 #include "catalogue/Catalogues.h"
+#include "catalogue/DiscRecord.h"
 #include "catalogue/Numbering.h"
 #include "catalogue/frmAddInCatalogue.h"
 #include "frame/Settings.h"
 #include "frame/Text.h"
 #include "recognition/BoundDisc.h"
-#include "recognition/DiscIdentity.h"
-#include "ui/IconLabel.h"
-#include "ui/Theme.h"
 
 static const auto NoDrive = u"---"_s;
+static const auto NoFreeNumber = u"Свободных номеров нет!"_s;
 
 frmAddCD::frmAddCD(Program& program, const CatalogueKind& kind)
     : CatalogueScreen(program, kind, u"frmAddCD"_s, u"Добавление диска"_s)
 {
     lblCDsCount0->setText(kind.addCaption);
-    lblCDsCount0->setFont(Theme::heading(font()));
     chAutoDetect->setText(u"Определять этот диск, когда он вставлен в дисковод"_s);
     txtNumber->setMaxLength(5);
     DigitKeys(txtNumber);
-    auto* picture = new IconLabel;
-    picture->setIcon(kind.icon);
-    picture->setAccent(kind.accent);
-    picture->setScale(2);
 
     imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Перейти к вводу сведений о диске"_s);
     imgButton[1]->setup(u"cancel"_s, u"Отмена"_s, u"Закрыть, не добавляя диск"_s);
@@ -32,9 +26,12 @@ frmAddCD::frmAddCD(Program& program, const CatalogueKind& kind)
     connect(imgButton[0], &ImageButton::clicked, this, [this] { cmdOK(); });
     connect(imgButton[1], &ImageButton::clicked, this, [this] { Unload(); });
     connect(imgButton[2], &ImageButton::clicked, this, [this] { cmdSearch(); });
-    connect(cmbDrive, &QComboBox::activated, this, [this] { UpdateDriveInfo(); });
+    connect(cmbDrive, &QComboBox::activated, this, [this] {
+        readDrive();
+        UpdateDriveInfo();
+    });
 
-    setLayout(column(row(picture, lblCDsCount0, stretch),
+    setLayout(column(head(lblCDsCount0),
                      grid({{label(u"&Номер диска:"_s, txtNumber), row(txtNumber, imgButton[2], stretch)},
                            {label(u"&Устройство:"_s, cmbDrive), row(cmbDrive, lblInserCD, stretch)}}),
                      chAutoDetect, audioSources(), stretch, row(stretch, imgButton[0], imgButton[1])));
@@ -49,7 +46,7 @@ QWidget* frmAddCD::audioSources()
     cmbServer->setAccessibleName(u"Сервер CDDB"_s);
     QWidget* sources = group(u"Получить информацию о диске"_s,
                              column(row(chQuery[0], cmbServer), chTrackSave, chQuery[1]));
-    setTag({sources}, u"MyGroup"_s);
+    setTag({sources}, MyGroup);
     for (QWidget* control : std::initializer_list<QWidget*>{chQuery[0], chQuery[1], chTrackSave, cmbServer})
         control->setEnabled(false);
     return sources;
@@ -58,7 +55,7 @@ QWidget* frmAddCD::audioSources()
 void frmAddCD::Form_Load()
 {
     Routine("Form_Load"_L1, [&] {
-        setVisibleByTag(u"MyGroup", kind.lists == DiscLists::Tracks);
+        setVisibleByTag(MyGroup, kind.titleSources);
         for (const QChar letter : GetCDDrives(program)) cmbDrive->addItem(letter + u":\\"_s);
         if (cmbDrive->count() == 0) {
             cmbDrive->addItem(NoDrive);
@@ -66,17 +63,20 @@ void frmAddCD::Form_Load()
             MsgBox(u"Устройство для чтения компакт-дисков не найдено!"_s);
             return;
         }
-        cmbDrive->setCurrentIndex(qMax(0, cmbDrive->findText(DefaultDrive(program).trimmed())));
+        cmbDrive->setCurrentIndex(qMax(0, cmbDrive->findText(DefaultDrive(program))));
     });
 }
 
 void frmAddCD::Form_Activate()
 {
     Routine("Form_Activate"_L1, [&] {
-        txtNumber->setText(QString::number(FirstFreeNumber(program.mainDatabase(), kind)));
+        const std::optional<int> free = FirstFreeNumber(program.mainDatabase(), kind);
+        txtNumber->setText(free ? QString::number(*free) : QString());
+        readDrive();
         UpdateDriveInfo();
         txtNumber->setFocus();
         txtNumber->selectAll();
+        if (!free) MsgBox(NoFreeNumber);
         if (!CheckCDID()) return;
         if (Ask(u"Вы пытаетесь добавить диск, который уже есть в каталоге! Продолжить?"_s))
             refuseDetection();
@@ -93,12 +93,17 @@ void frmAddCD::refuseDetection()
     chAutoDetect->setEnabled(false);
 }
 
+void frmAddCD::readDrive()
+{
+    const Hourglass hourglass;
+    m_disc = hasDrive() ? ReadDisc(program, cmbDrive->currentText()) : DiscInDrive();
+}
+
 /// The binding is offered exactly when the right kind of disc is in the drive and this catalogue does not know it yet.
 void frmAddCD::UpdateDriveInfo()
 {
     Routine("UpdateDriveInfo"_L1, [&] {
-        const QString kindWord = hasDrive() ? GetDiskIDcheck(program, cmbDrive->currentText()) : QString();
-        const CatalogueKind* inserted = CatalogueByKindWord(kindWord);
+        const CatalogueKind* inserted = CatalogueByKindWord(m_disc.kind);
         lblInserCD->setText(inserted ? inserted->mediumCaption : u"(нет)"_s);
         if (inserted != &kind || CheckCDID()) return refuseDetection();
         chAutoDetect->setEnabled(true);
@@ -106,15 +111,14 @@ void frmAddCD::UpdateDriveInfo()
     });
 }
 
-/// Whether the disc in the drive is bound to a row of this catalogue.
+/// Whether the disc last read is bound to a row of this catalogue.
 bool frmAddCD::CheckCDID()
 {
     bool found = false;
     Routine("CheckCDID"_L1, [&] {
         if (!hasDrive()) return;
-        QString& id = program.shared.CurrentDiscID;
-        id = GetDiskID(program, cmbDrive->currentText());
-        found = !id.isEmpty() && FindBoundDisc(program.mainDatabase(), kind, id);
+        program.shared.CurrentDiscID = m_disc.id;
+        found = FindBoundDisc(program.mainDatabase(), kind, m_disc.id).has_value();
     });
     return found;
 }
@@ -123,48 +127,41 @@ void frmAddCD::cmdSearch()
 {
     Routine("cmdSearch"_L1, [&] {
         const Database main = program.mainDatabase();
-        int number = FirstFreeNumber(main, kind);
-        while (number <= LastNumber) {
+        for (auto offer = NextOffer(main, kind, 0); offer; offer = NextOffer(main, kind, *offer)) {
             const Answer answer = MsgBox(u"Найден свободный диск № %1.\rДа\t- принять этот номер\r"
-                                         "Нет\t- поиск следующего номера\rОтмена\t- отменить поиск"_s.arg(number),
+                                         "Нет\t- поиск следующего номера\rОтмена\t- отменить поиск"_s.arg(*offer),
                                          Box::QuestionWithCancel);
             if (answer == Answer::Cancel) return;
             if (answer == Answer::Yes) {
-                txtNumber->setText(QString::number(number));
+                txtNumber->setText(QString::number(*offer));
                 return cmdOK();
             }
-            if (number + 1 == kind.searchEnd) break;
-            number = FirstFreeNumber(main, kind, number);
         }
-        MsgBox(u"Свободных номеров нет!"_s);
+        MsgBox(NoFreeNumber);
     });
 }
 
-/// Asks about a number that is taken. False when the user has to choose another one: a No is a Yes to sharing it.
-bool frmAddCD::makeRoom(int number)
+/// Asks about a number that is taken: the number from which the others are to move, 0 for none, since a No is a Yes to
+/// sharing it. Nothing when the user has to choose another one.
+std::optional<int> frmAddCD::shiftFor(int number)
 {
     const Database main = program.mainDatabase();
-    const Recordset taken = main.OpenRecordset(
-        u"SELECT * FROM %1 WHERE Номер = ? ORDER BY %2"_s.arg(kind.table, kind.key), {number});
-    if (taken.RecordCount() == 0) return true;
-    QString title = taken.value(u"Название").text();
-    if (kind.album) title += u" - "_s + taken.value(u"Альбом").text();
+    const std::optional<QString> title = FirstDiscNumbered(main, kind, number);
+    if (!title) return 0;
     if (!Ask(u"Диск № %1:\r'%2' уже существует.\rСместить все номера на 1 начиная с %1-го?"_s.arg(
-            QString::number(number), title)))
-        return true;
-    if (!CanMoveNumbers(main, kind, number)) {
-        refuse(txtNumber, CannotMoveMessage(number));
-        return false;
-    }
-    program.shared.ShiftStart = number;
-    return true;
+            QString::number(number), *title)))
+        return 0;
+    if (CanMoveNumbers(main, kind)) return number;
+    refuse(txtNumber, CannotMoveMessage(number));
+    return {};
 }
 
 bool frmAddCD::takeIdentifier()
 {
     if (!chAutoDetect->isChecked()) return true;
+    readDrive();
     Shared& shared = program.shared;
-    shared.CurrentDiscID = GetDiskID(program, cmbDrive->currentText());
+    shared.CurrentDiscID = m_disc.id;
     if (shared.CurrentDiscID.isEmpty()) {
         MsgBox(kind.noIdentifierMessage);
         return false;
@@ -179,7 +176,9 @@ void frmAddCD::cmdOK()
         const int number = DiscNumber(txtNumber->text());
         if (number == 0) return refuse(txtNumber, u"Указан не верный номер диска. Повторите ввод."_s);
         txtNumber->setText(QString::number(number));
-        if (!makeRoom(number) || !takeIdentifier()) return;
+        const std::optional<int> shift = shiftFor(number);
+        if (!shift || !takeIdentifier()) return;
+        if (*shift > 0) program.shared.ShiftStart = *shift; // else one that was agreed to earlier is still due
 
         const auto editor = MakeEditor(program, kind);
         {
@@ -189,13 +188,15 @@ void frmAddCD::cmdOK()
         Unload();
         hide(); // the editor comes up in this window's place, and this one does not come back
         editor->ShowModal(this);
+        m_added = editor->saved();
         program.shared.CatalogueQueryFilter.clear();
     });
 }
 
-bool AddDisc(Program& program, const CatalogueKind& kind, QWidget* opener)
+std::optional<qint64> AddDisc(Program& program, const CatalogueKind& kind, QWidget* opener)
 {
     frmAddCD dialog(program, kind);
     dialog.ShowModal(opener);
-    return std::exchange(program.shared.DialogDone, false);
+    program.shared.DialogDone = false;
+    return dialog.added();
 }

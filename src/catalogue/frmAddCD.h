@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/CatalogueScreen.h"
+#include "recognition/DiscIdentity.h"
 #include "ui/ImageButton.h"
 
 #include <QCheckBox>
@@ -8,6 +9,7 @@
 
 /// The first step of adding a disc: its number, and whether the disc in the drive is to be known by it. Its caption says
 /// which catalogue it adds to. It hands over to that catalogue's editor; DialogDone and LastSavedNumber are the editor's.
+/// The drive is read, and the user asked about a disc of uncertain kind, once per opening, choice of a drive, and OK.
 class frmAddCD : public CatalogueScreen {
 public:
     frmAddCD(Program& program, const CatalogueKind& kind);
@@ -22,6 +24,9 @@ public:
     QComboBox* cmbServer = named("cmbServer");
     std::array<ImageButton*, 3> imgButton = namedArray("imgButton");
 
+    /// Key of the disc that was added.
+    std::optional<qint64> added() const { return m_added; }
+
 protected:
     void Form_Load() override;
     void Form_Activate() override;
@@ -30,14 +35,18 @@ private:
     QWidget* audioSources();
     void cmdOK();
     void cmdSearch();
+    void readDrive();
     void UpdateDriveInfo();
     bool CheckCDID();
     bool hasDrive() const;
     void refuseDetection();
-    bool makeRoom(int number);
+    std::optional<int> shiftFor(int number);
     bool takeIdentifier();
+
+    DiscInDrive m_disc; ///< as last read
+    std::optional<qint64> m_added;
 };
 
-/// Runs the adding of a disc from the choice of its number on. True when one was added, as LastSavedNumber; DialogDone is
-/// clear afterwards.
-bool AddDisc(Program& program, const CatalogueKind& kind, QWidget* opener = nullptr);
+/// Runs the adding of a disc from the choice of its number on. The key of the disc, nothing when none was added; DialogDone
+/// is clear afterwards.
+std::optional<qint64> AddDisc(Program& program, const CatalogueKind& kind, QWidget* opener = nullptr);

@@ -4,16 +4,16 @@
 #include "catalogue/Reduction.h"
 #include "frame/Text.h"
 #include "store/DiscTables.h"
-#include "ui/IconLabel.h"
 #include "ui/Theme.h"
 
 #include <QKeyEvent>
 
 frmAddInCatalogue::frmAddInCatalogue(Program& program, const CatalogueKind& kind)
     : CatalogueScreen(program, kind, kind.editor, u"Добавление диска"_s),
-      txtDictionary(named(kind.dictionary.boxName.toLatin1().constData())),
-      m_names(new PrefixCompletion(txtName, this)), m_dictionary(new PrefixCompletion(txtDictionary, this))
+      txtDictionary(named(kind.dictionary.boxName.toLatin1().constData()))
 {
+    completeTitles(txtName);
+    m_dictionary = completion(txtDictionary);
     txtName->setMaxLength(60);
     txtName->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
     txtYear->setMaxLength(5);
@@ -30,27 +30,34 @@ frmAddInCatalogue::frmAddInCatalogue(Program& program, const CatalogueKind& kind
     connect(imgButton[0], &ImageButton::clicked, this, [this] { cmdAdd(); });
     connect(imgButton[1], &ImageButton::clicked, this, [this] { Unload(); });
     connect(txtCDs, &QLineEdit::textChanged, this, [this] { txtCDs_Change(); });
-
-    const auto active = [this] { return this->program.shared.CatalogueQueryFilter != u"edit:1"; };
-    m_names->setActive(active);
-    m_dictionary->setActive(active);
 }
 
-void frmAddInCatalogue::build(QLayout* extras)
+/// A completion that is silent while the opener fills the boxes.
+PrefixCompletion* frmAddInCatalogue::completion(QLineEdit* box)
 {
-    auto* picture = new IconLabel;
-    picture->setIcon(kind.icon);
-    picture->setAccent(kind.accent);
-    picture->setScale(2);
-    lblCDsCount0->setFont(Theme::heading(font()));
+    m_freeTexts += box;
+    auto* made = new PrefixCompletion(box, this);
+    made->setActive([this] { return program.shared.CatalogueQueryFilter != u"edit:1"; });
+    return made;
+}
 
+void frmAddInCatalogue::completeTitles(QLineEdit* box) { m_titles += completion(box); }
+
+void frmAddInCatalogue::build(const OwnFields& own)
+{
+    auto* top = head(lblCDsCount0);
+    top->addWidget(label(u"Диск №"_s));
+    top->addWidget(lblNumber);
+
+    QLabel* count = label(u"Дис&ков:"_s, txtCDs);
+    auto* counters = row(udYear, own.behindYear, count, udCDs, own.behindCount, stretch);
     auto* fields = grid({
-        {label(u"&%1:"_s.arg(kind.nameCaption), txtName), txtName},
-        {label(u"Го&д:"_s, txtYear), row(udYear, label(u"Дис&ков:"_s, txtCDs), udCDs, stretch)},
-        {label(u"&%1:"_s.arg(kind.dictionary.caption), txtDictionary), txtDictionary},
+        {label(kind.nameCaption + u':', txtName), txtName},
+        {own.titleCaption, own.title},
+        {label(u"Го&д:"_s, txtYear), counters},
+        {label(kind.dictionary.caption + u':', txtDictionary), txtDictionary},
     });
-    setLayout(column(row(picture, lblCDsCount0, stretch, label(u"Диск №"_s), lblNumber), fields, extras,
-                     row(stretch, imgButton[0], imgButton[1])));
+    setLayout(column(top, fields, own.below, row(stretch, imgButton[0], imgButton[1])));
 }
 
 void frmAddInCatalogue::moveOnByEnter(const QList<QLineEdit*>& boxes)
@@ -75,17 +82,9 @@ void frmAddInCatalogue::Form_Load()
 {
     Routine("FormLoad"_L1, [&] {
         const Database main = program.mainDatabase();
-        // DISTINCT, though a key makes every row so: its rows come all at once and not one by one.
-        const auto texts = [&](const QString& table, const QString& key, const QString& fields) {
-            const Recordset rows = main.OpenRecordset(
-                u"SELECT DISTINCT %2, %3 FROM %1 ORDER BY %2"_s.arg(table, key, fields));
-            QStringList result;
-            for (int position = 0; position < rows.RecordCount(); ++position)
-                for (const Value& value : rows.row(position).mid(1)) result += value.text();
-            return result;
-        };
-        m_names->setItems(texts(kind.table, kind.key, kind.album ? u"Название, Альбом"_s : u"Название"_s));
-        m_dictionary->setItems(texts(kind.dictionary.table, kind.dictionary.key, kind.dictionary.table));
+        const QStringList titles = TitlesOf(main, kind);
+        for (PrefixCompletion* completion : m_titles) completion->setItems(titles);
+        m_dictionary->setItems(NamesOf(main, kind.dictionary));
         txtYear->setText(program.clock.today().toString(u"yyyy"));
         txtCDs->setText(u"1"_s);
     });
@@ -127,36 +126,38 @@ void frmAddInCatalogue::txtCDs_Change()
     txtCDs->selectAll();
 }
 
-bool frmAddInCatalogue::accepts()
+/// Tells what is missing or too long, and says whether there was anything.
+bool frmAddInCatalogue::complain()
 {
     if (txtName->text().isEmpty()) {
         MsgBox(kind.requiredMessage);
         txtName->setFocus();
-        return false;
+        return true;
     }
     if (!kind.dictionary.lengthMessage.isEmpty() && txtDictionary->text().size() > 50) {
         MsgBox(kind.dictionary.lengthMessage);
         txtDictionary->setFocus();
-        return false;
+        return true;
     }
-    return true;
+    return false;
 }
 
-/// False when the user keeps the lists of the discs that would go.
-bool frmAddInCatalogue::reduced(const Database& main)
+/// The shift that was agreed to, if any. When it cannot be made the user decides whether the disc is saved without it; until
+/// then it stays asked for, so that no other OK shares a number behind his back. False: nothing is to be saved.
+bool frmAddInCatalogue::shiftNumbers()
 {
-    const Reduction reduction{.key = m_key, .before = program.shared.OldDiscCount, .after = discs()};
-    if (!LosesLists(main, kind, reduction)) return true;
-    if (!Ask(ReductionQuestion(kind, reduction), Box::Warning)) return false;
-    DropLostLists(main, ListDatabase(program, kind), kind, reduction);
+    int& start = program.shared.ShiftStart;
+    if (start == 0 || MoveNumbers(program, kind, start)) return true;
+    if (!Ask(CannotMoveMessage(start) + u"\rСохранить диск, не смещая номера?"_s, Box::Warning)) return false;
+    start = 0;
     return true;
 }
 
 void frmAddInCatalogue::cmdAdd()
 {
     Routine("cmdAdd"_L1, [&] {
-        if (!accepts()) return;
-        for (QLineEdit* box : {txtName, txtDictionary}) {
+        if (complain()) return;
+        for (QLineEdit* box : m_freeTexts) {
             const QSignalBlocker noCompletion(box);
             box->setText(CleanText(box->text()));
         }
@@ -164,8 +165,12 @@ void frmAddInCatalogue::cmdAdd()
         Shared& shared = program.shared;
         const Database main = program.mainDatabase();
         const qint64 code = FindOrAddName(main, kind.dictionary, txtDictionary->text());
-        if (shared.ShiftStart > 0 && !MoveNumbers(program, kind, shared.ShiftStart)) return;
-        if (!adding() && !reduced(main)) return;
+        if (!shiftNumbers()) return;
+        const Reduction reduction{.key = m_key, .before = shared.OldDiscCount, .after = discs()};
+        if (!adding() && LosesLists(main, kind, reduction)) {
+            if (!Ask(ReductionQuestion(kind, reduction), Box::Warning)) return;
+            DropLostLists(main, ListDatabase(program, kind), kind, reduction);
+        }
         const DiscRecord record{.key = m_key,
                                 .number = m_number,
                                 .name = txtName->text(),
@@ -174,7 +179,7 @@ void frmAddInCatalogue::cmdAdd()
                                 .discs = discs(),
                                 .extra = extras(),
                                 .binding = shared.AutoDetectTag.mid(3)};
-        SaveDisc(main, kind, record, code, program.clock.today());
+        m_saved = SaveDisc(main, kind, record, code, program.clock.today());
 
         if (kind.clearsAutoDetectTag) shared.AutoDetectTag.clear();
         shared.LastSavedNumber = m_number;

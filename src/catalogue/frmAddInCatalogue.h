@@ -9,7 +9,7 @@
 /// Enters a disc under a number chosen beforehand, or changes one that there is. The forms of the catalogues lay it out
 /// and add the fields that are theirs.
 ///
-/// A saved disc leaves DialogDone and LastSavedNumber for the opener.
+/// A saved disc leaves saved(), DialogDone and LastSavedNumber for the opener.
 class frmAddInCatalogue : public CatalogueScreen {
 public:
     frmAddInCatalogue(Program& program, const CatalogueKind& kind);
@@ -17,6 +17,9 @@ public:
     /// One of the two, before ShowModal(). A change takes OldDiscCount from the record.
     void AddUnder(int number);
     void Change(const DiscRecord& record);
+
+    /// Key of the disc that was saved.
+    std::optional<qint64> saved() const { return m_saved; }
 
     QLabel* lblCDsCount0 = named("lblCDsCount0"); ///< its text says whether a disc is added or changed
     QLabel* lblNumber = named("lblNumber");
@@ -29,9 +32,18 @@ public:
     std::array<ImageButton*, 2> imgButton = namedArray("imgButton");
 
 protected:
-    /// The form's picture, from top to bottom; `extras` stand below the common fields.
-    void build(QLayout* extras);
-    /// Enter goes from box to box; in the last one it is OK.
+    /// What a catalogue has beside the common fields; null where it has nothing.
+    struct OwnFields {
+        QWidget *titleCaption = nullptr, *title = nullptr; ///< a row behind the title
+        QLayout* behindYear = nullptr;                     ///< in one row with year and count, between them
+        QLayout* behindCount = nullptr;
+        QLayout* below = nullptr; ///< all common fields
+    };
+    /// The form's picture.
+    void build(const OwnFields& own);
+    /// The box completes from the titles of the catalogue and is cleaned when the disc is saved, as txtName is.
+    void completeTitles(QLineEdit* box);
+    /// Enter goes from box to box, in the order of the picture; in the last one it is OK.
     void moveOnByEnter(const QList<QLineEdit*>& boxes);
     bool adding() const { return lblCDsCount0->text() == kind.addCaption; }
     int discs() const;
@@ -44,12 +56,15 @@ protected:
 
 private:
     void cmdAdd();
-    bool accepts();
-    bool reduced(const Database& main);
+    bool complain();
+    bool shiftNumbers();
     void txtCDs_Change();
+    PrefixCompletion* completion(QLineEdit* box);
 
     qint64 m_key = 0;
     int m_number = 0;
-    PrefixCompletion* m_names;
-    PrefixCompletion* m_dictionary;
+    std::optional<qint64> m_saved;
+    PrefixCompletion* m_dictionary = nullptr;
+    QList<PrefixCompletion*> m_titles;
+    QList<QLineEdit*> m_freeTexts; ///< boxes that are cleaned
 };

@@ -17,7 +17,7 @@ frmAddInCataloguePC::frmAddInCataloguePC(Program& program) : frmAddInCatalogue(p
 {
     limit(txtDescription2, 255);
     txtDescription2->setTabChangesFocus(true);
-    build(column(label(u"&Расширенное описание:"_s, txtDescription2), txtDescription2));
+    build({.below = column(label(u"&Расширенное описание:"_s, txtDescription2), txtDescription2)});
     moveOnByEnter({txtName, txtYear, txtCDs, txtDictionary});
 }
 

@@ -1,6 +1,7 @@
 #include "catalogue/frmCatalogue.h"
 
 #include "catalogue/Covers.h"
+#include "catalogue/DiscRecord.h"
 #include "catalogue/LoanMark.h"
 #include "catalogue/RecordSource.h"
 #include "frame/Settings.h"
@@ -8,8 +9,6 @@
 #include "recognition/BoundDisc.h"
 #include "recognition/DiscIdentity.h"
 #include "ui/Theme.h"
-
-static const auto MyGroup = u"MyGroup"_s;
 
 frmCatalogue::frmCatalogue(Program& program, const CatalogueKind& kind)
     : CatalogueScreen(program, kind, kind.browser, kind.title),
@@ -31,7 +30,7 @@ frmCatalogue::frmCatalogue(Program& program, const CatalogueKind& kind)
     setTag({txtNumber, txtName, cmbDictionary, txtYear, txtCDs, txtDateAdd, txtDateUpdate}, MyGroup);
 
     dbGrid->setColumns({{.field = u"Номер"_s, .caption = u"Номер"_s, .alignment = Qt::AlignRight, .width = 7},
-                        {.field = u"Название"_s, .caption = kind.nameCaption}});
+                        {.field = u"Название"_s, .caption = kind.nameHeading()}});
     dbGrid->setDataControl(dcDatabase);
     for (const SortOrder& order : kind.sortOrders) cmbSorted->addItem(order.item);
     chSortedDESC->setText(u"в обратном порядке"_s);
@@ -42,12 +41,13 @@ frmCatalogue::frmCatalogue(Program& program, const CatalogueKind& kind)
     connectControls();
 }
 
+/// Without a parent: their place in the picture is their place in the Tab order.
 void frmCatalogue::setUpButtons()
 {
     const auto button = [this](int index, const QString& picture, const QString& text, const QString& hint,
                                const QKeySequence& shortcut, void (frmCatalogue::*command)()) {
         auto*& made = imgButton[std::size_t(index)];
-        made = new ImageButton(this);
+        made = new ImageButton;
         made->setObjectName(u"imgButton_%1"_s.arg(index));
         made->setup(picture, text, hint, shortcut);
         if (command) connect(made, &ImageButton::clicked, this, [this, command] { (this->*command)(); });
@@ -55,16 +55,14 @@ void frmCatalogue::setUpButtons()
     button(0, u"close"_s, u"Закрыть"_s, u"Закрыть каталог (Esc)"_s, {}, nullptr);
     connect(imgButton[0], &ImageButton::clicked, this, [this] { Unload(); });
     button(1, u"add-disc"_s, u"Добавить"_s, u"Добавить диск"_s, Qt::CTRL | Qt::Key_N, &frmCatalogue::cmdAdd);
-    button(2, u"delete"_s, u"Удалить"_s, u"Удалить диск"_s, Qt::CTRL | Qt::Key_Delete, &frmCatalogue::cmdDelete);
+    button(2, u"delete"_s, u"Удалить"_s, u"Удалить диск (Delete)"_s, {}, &frmCatalogue::cmdDelete);
     button(3, u"edit"_s, u"Изменить"_s, u"Изменить информацию о диске"_s, Qt::Key_F2, &frmCatalogue::cmdChange);
     button(4, u"loan"_s, u"Должник"_s, u"Выдать диск или принять его обратно"_s, Qt::CTRL | Qt::Key_D,
            &frmCatalogue::cmdDue);
     button(5, u"list-all"_s, u"Весь каталог"_s, u"Показать весь каталог"_s, Qt::Key_F5,
            &frmCatalogue::ShowWholeCatalogue);
-    if (kind.lists == DiscLists::Files)
-        button(6, u"files"_s, u"Файлы"_s, u"Список файлов диска"_s, Qt::CTRL | Qt::Key_L, &frmCatalogue::showList);
-    if (kind.lists == DiscLists::Tracks)
-        button(6, u"tracks"_s, u"Треки"_s, u"Список треков диска"_s, Qt::CTRL | Qt::Key_L, &frmCatalogue::showList);
+    if (kind.list)
+        button(6, kind.list->icon, kind.list->text, kind.list->hint, Qt::CTRL | Qt::Key_L, &frmCatalogue::showList);
     button(kind.coverButton, u"cover-edit"_s, u"Изменить обложку"_s, u"Изменить обложку диска"_s, {}, nullptr);
     button(kind.coverButton + 1, u"cover-delete"_s, u"Удалить обложку"_s, u"Удалить обложку диска"_s, {}, nullptr);
 }
@@ -110,13 +108,13 @@ void frmCatalogue::Form_Load()
         if (!external() && program.shared.CatalogueQueryMode) markAsQuery();
     });
     cmbSorted_Click();
-    if (m_openOn > 0) findNumber(m_openOn);
+    if (m_openOn > 0) findKey(m_openOn);
 }
 
 void frmCatalogue::Form_Activate()
 {
     if (!external()) AutoResp();
-    if (m_openOn > 0) findNumber(m_openOn); // who asked for a disc sees that one
+    if (m_openOn > 0) findKey(m_openOn); // who asked for a disc sees that one
     dbGrid->setFocus();
 }
 
@@ -144,12 +142,8 @@ void frmCatalogue::loadSortOrder()
 /// The lists of names to filter by: "FullStyle", "FullDescription", "FullGenre".
 void frmCatalogue::FullDictionary()
 {
-    const DictionaryKind& dictionary = kind.dictionary;
-    const Recordset names = database().OpenRecordset(
-        u"SELECT %1 FROM %1 ORDER BY %2"_s.arg(dictionary.table, dictionary.key));
     cmbDictionary->clear();
-    for (int position = 0; position < names.RecordCount(); ++position)
-        cmbDictionary->addItem(names.row(position).constFirst().text());
+    cmbDictionary->addItems(NamesOf(database(), kind.dictionary));
     cmbDictionary->setCurrentIndex(-1);
 }
 
@@ -224,7 +218,7 @@ void frmCatalogue::dcDatabase_Reposition()
         showCounter();
         if (!dcDatabase->hasRow()) return showNoRow();
         showCover();
-        if (imgButton[6]) allow(6, !external() && program.offers(kind.listScreen));
+        if (imgButton[6]) allow(6, !external() && program.offers(kind.list->screen));
         setEnabledByTag(MyGroup, true);
         for (QWidget* control : std::initializer_list<QWidget*>{lblSorted, cmbSorted, chSortedDESC})
             control->setEnabled(true);
@@ -311,7 +305,10 @@ void frmCatalogue::AutoResp()
         if (program.settings().number(u"Option", u"AutoResp") == 0) return;
         const QString drive = DefaultDrive(program);
         if (drive.isEmpty()) return;
-        program.shared.CurrentDiscID = GetDiskID(program, drive);
+        {
+            const Hourglass hourglass;
+            program.shared.CurrentDiscID = GetDiskID(program, drive);
+        }
         if (program.shared.CurrentDiscID.isEmpty()) return;
         const auto disc = FindBoundDisc(program.mainDatabase(), kind, program.shared.CurrentDiscID, kind.autoRespSlots);
         if (disc && findKey(disc->key)) discRecognised(*disc);

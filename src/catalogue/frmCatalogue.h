@@ -23,8 +23,8 @@ class frmCatalogue : public CatalogueScreen {
 public:
     frmCatalogue(Program& program, const CatalogueKind& kind);
 
-    /// Opens on the first disc with this number instead of the first of the list. Before ShowModal().
-    void PositionOn(int number) { m_openOn = number; }
+    /// Opens on the disc with this key instead of the first of the list. Before ShowModal().
+    void PositionOn(qint64 key) { m_openOn = key; }
 
     class DBGrid* dbGrid = named("DBGrid");
     QLabel* lblSorted = named("lblSorted");
@@ -62,6 +62,9 @@ protected:
     /// Which disc of the set the list screen is to show first.
     virtual int shownDisc() const { return 1; }
 
+    /// Shows the discs that satisfy `clause`, "AND …", instead of whatever filter was there.
+    void filterBy(const QString& clause);
+
     DataControl* const dcDatabase;
 
     void Form_Load() override;
@@ -77,7 +80,6 @@ private:
 
     // Rows
     void cmbSorted_Click();
-    void filterBy(const QString& clause);
     void txtName_KeyUp();
     void cmbDictionary_Click();
     void ShowWholeCatalogue();
@@ -111,5 +113,5 @@ private:
 
     Blinker* m_due;
     QString m_lastCharacter;
-    int m_openOn = 0;
+    qint64 m_openOn = 0;
 };

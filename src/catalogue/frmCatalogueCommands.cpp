@@ -1,4 +1,5 @@
 #include "catalogue/Catalogues.h"
+#include "catalogue/DiscRecord.h"
 #include "catalogue/DiscRemoval.h"
 #include "catalogue/LoanMark.h"
 #include "catalogue/frmAddCD.h"
@@ -9,10 +10,11 @@
 void frmCatalogue::cmdAdd()
 {
     Routine("cmdAdd"_L1, [&] {
-        if (!AddDisc(program, kind, this)) return;
+        const std::optional<qint64> added = AddDisc(program, kind, this);
+        if (!added) return;
         FullDictionary();
         dcDatabase->Refresh();
-        findNumber(program.shared.LastSavedNumber);
+        findKey(*added);
         dbGrid->setFocus();
     });
 }
@@ -26,7 +28,7 @@ void frmCatalogue::cmdChange()
         const auto editor = MakeEditor(program, kind);
         {
             const Hourglass hourglass;
-            const auto record = ReadDisc(program.mainDatabase(), kind, key);
+            const auto record = ReadRecord(program.mainDatabase(), kind, key);
             if (!record) return dcDatabase->Refresh(); // gone from under the list
             program.shared.CatalogueQueryFilter = u"edit:1"_s;
             editor->Change(*record);
@@ -44,8 +46,8 @@ void frmCatalogue::cmdChange()
 void frmCatalogue::cmdDelete()
 {
     Routine("cmdDelete"_L1, [&] {
-        if (!Ask(u"Вы действительно хотите удалить диск № %1?\r"_s.arg(currentNumber()) + kind.deleteQuestionTail))
-            return;
+        const QString question = u"Вы действительно хотите удалить диск № %1?\r"_s.arg(currentNumber());
+        if (!Ask(question + kind.deleteQuestionTail, Box::Question | Box::SafeDefault)) return;
         const int position = dcDatabase->position();
         RemoveDisc(program, kind, currentKey());
         dcDatabase->Refresh();
@@ -72,17 +74,15 @@ void frmCatalogue::cmdDue()
 
 void frmCatalogue::showList()
 {
-    Routine(QLatin1StringView(kind.listCommand.toLatin1()), [&] {
+    const QByteArray routine = kind.list->command.toLatin1();
+    Routine(QLatin1StringView(routine), [&] {
         const ListRequest request{.key = currentKey(),
                                   .number = currentNumber(),
                                   .title = dcDatabase->value(u"Название").text(),
                                   .album = kind.album ? dcDatabase->value(u"Альбом").text() : QString(),
                                   .discs = dcDatabase->value(u"Дисков").toInt(),
                                   .disc = shownDisc()};
-        if (kind.lists == DiscLists::Files)
-            program.screens->ShowFileList(*this, request);
-        else
-            program.screens->ShowTrackList(*this, request);
+        (program.screens->*kind.list->show)(*this, request);
         dcDatabase->RefreshInPlace();
         dbGrid->setFocus();
     });
@@ -91,7 +91,7 @@ void frmCatalogue::showList()
 void frmCatalogue::rowDoubleClicked()
 {
     if (external() || !dcDatabase->hasRow()) return;
-    const bool opensList = kind.lists != DiscLists::None && OptionIsOn(program, u"DblClick");
+    const bool opensList = kind.list && OptionIsOn(program, u"DblClick");
     if (opensList && imgButton[6]->isEnabled())
         showList();
     else if (!opensList && imgButton[3]->isEnabled())

@@ -3,11 +3,7 @@
 
 QLayout* frmCatalogue::toolbar()
 {
-    auto* sign = new IconLabel;
-    sign->setIcon(kind.icon);
-    sign->setAccent(kind.accent);
-    sign->setScale(2);
-    auto* buttons = row(sign, imgButton[1], imgButton[3], imgButton[2], imgButton[4], imgButton[6], stretch,
+    auto* buttons = row(sign(), imgButton[1], imgButton[3], imgButton[2], imgButton[4], imgButton[6], stretch,
                         imgButton[5], imgButton[0]);
     buttons->setSpacing(Theme::Gap);
     return buttons;
@@ -31,8 +27,8 @@ QLayout* frmCatalogue::detailSide(QLayout* extras)
     auto* dates = row(txtDateAdd, label(u"&Изменен"_s, txtDateUpdate), txtDateUpdate);
     auto* common = grid({
         {label(u"Но&мер"_s, txtNumber), first},
-        {label(u"&%1 [запрос]"_s.arg(kind.nameCaption), txtName), txtName},
-        {label(u"&%1 [запрос]"_s.arg(kind.dictionary.caption), cmbDictionary), cmbDictionary},
+        {label(kind.nameCaption + u" [запрос]"_s, txtName), txtName},
+        {label(kind.dictionary.caption + u" [запрос]"_s, cmbDictionary), cmbDictionary},
         {label(u"До&бавлен"_s, txtDateAdd), dates},
     });
     fraMain[0]->setLayout(column(common, extras));

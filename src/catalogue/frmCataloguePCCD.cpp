@@ -4,7 +4,7 @@ frmCataloguePCCD::frmCataloguePCCD(Program& program) : frmCatalogue(program, Com
 {
     txtDescription2->setReadOnly(true);
     txtDescription2->setTabChangesFocus(true);
-    setTag({txtDescription2}, u"MyGroup"_s);
+    setTag({txtDescription2}, MyGroup);
     dcDatabase->bind(txtDescription2, u"РасОписание"_s);
     build(column(label(u"&Расширенное описание:"_s, txtDescription2), txtDescription2));
 }

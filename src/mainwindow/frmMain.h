@@ -80,7 +80,7 @@ private:
     // Commands
     using Handlers = QHash<QString, std::function<void(frmMain&)>>;
     static Handlers handlers();
-    void openCatalogue(const CatalogueKind& kind, int number = 0);
+    void openCatalogue(const CatalogueKind& kind, qint64 key = 0);
     void addDisc(const CatalogueKind& kind);
     void addAndRemember(const CatalogueKind& kind);
     void repeatLastAdd();

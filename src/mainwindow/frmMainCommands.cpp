@@ -126,12 +126,12 @@ void frmMain::Route(const QString& id)
     if (const auto handler = table.find(id); handler != table.end()) (*handler)(*this);
 }
 
-void frmMain::openCatalogue(const CatalogueKind& kind, int number)
+void frmMain::openCatalogue(const CatalogueKind& kind, qint64 key)
 {
     Guarded("frmMain, OpenCatalogue()"_L1, [&] {
         if (!offers(kind.browser)) return;
         ResetDiscSigns();
-        OpenCatalogue(program, kind, nullptr, number);
+        OpenCatalogue(program, kind, nullptr, key);
         if (!program.shared.ExternalDBOpen) LoadData();
     });
 }
@@ -141,8 +141,8 @@ void frmMain::addDisc(const CatalogueKind& kind)
     Guarded("frmMain, AddDisc()"_L1, [&] {
         if (!offers(kind.editor)) return;
         ResetDiscSigns();
-        if (AddDisc(program, kind))
-            openCatalogue(kind, program.shared.LastSavedNumber);
+        if (const std::optional<qint64> added = AddDisc(program, kind))
+            openCatalogue(kind, *added);
         else
             LoadData();
     });

@@ -1,16 +1,17 @@
 #pragma once
 
-#include "platform/Literals.h"
+#include "frame/Screens.h"
 
 #include <QStringList>
 #include <array>
+#include <optional>
 
 /// The names that discs of a catalogue refer to: styles, descriptions, genres.
 struct DictionaryKind {
     QString table;         ///< "Стиль"; the name's field is called the same
     QString key;           ///< "КодСтиля"
     QString lengthMessage; ///< told in the editor for more than 50 characters; empty: not tested there
-    QString caption;       ///< "Стиль", over lists
+    QString caption;       ///< "Сти&ль", before boxes; its mnemonic is free on every screen
     QString listName;      ///< control of the browser: "cmbStyle"
     QString boxName;       ///< control of the editor: "txtStyle"
 };
@@ -20,8 +21,14 @@ struct SortOrder {
     QString field; ///< "Номер"
 };
 
-/// Which database keeps a list per disc of a catalogue.
-enum class DiscLists { None, Tracks, Files };
+/// The lists that a catalogue keeps, one per disc, and the command that opens them.
+struct ListKind {
+    enum Contents { Tracks, Files } contents; ///< also which database keeps them
+    QString screen;                           ///< "frmTrackList"
+    QString command;                          ///< routine of the browser: "cmdTracks"
+    void (Screens::*show)(Form& opener, const ListRequest& request);
+    QString icon, text, hint; ///< of the browser's button
+};
 
 /// Everything that tells one catalogue from another. Code that asks "which one is it?" asks here; a fourth catalogue
 /// would be one more of these and a form file.
@@ -37,21 +44,20 @@ struct CatalogueKind {
     QString stamp; ///< field of _Информация that a change sets
     QString coverPrefix;
     DictionaryKind dictionary;
-    DiscLists lists;
-    bool album; ///< titles are "Название - Альбом"
+    std::optional<ListKind> list = {};
+    bool album = false;        ///< titles are "Название - Альбом"
+    bool titleSources = false; ///< the add dialog can fetch the titles of a disc
 
     // Browser
-    QString browser; ///< "frmCatalogueAudioCD"
-    QString title;   ///< "Каталог Аудио дисков"
-    QString nameCaption;
+    QString browser;     ///< "frmCatalogueAudioCD"
+    QString title;       ///< "Каталог Аудио дисков"
+    QString nameCaption; ///< "Гр&уппа/Исполнитель", before boxes; its mnemonic is free on every screen
     QString mediumCaption; ///< "Аудио диск", "Компьютерный диск", "DVD диск"
     QString deleteQuestionTail;
     QString sortedSetting; ///< "ADCDsorted"; with "DESC" behind it the direction
     QList<SortOrder> sortOrders;
-    int autoRespSlots;        ///< how many bindings AutoResp looks at
-    QString listScreen;       ///< "frmTrackList", or empty
-    QString listCommand = {}; ///< "cmdTracks", or empty
-    int coverButton = 8;      ///< imgButton that changes the cover; the next one deletes it
+    int autoRespSlots;   ///< how many bindings AutoResp looks at
+    int coverButton = 8; ///< imgButton that changes the cover; the next one deletes it
 
     // Editor
     QString editor; ///< "frmAddInCatalogueAudio"
@@ -73,6 +79,10 @@ struct CatalogueKind {
     QString queryTitle() const { return title + u" - Результат запроса"_s; }
     /// SELECT of table and dictionary, ending in a blank; a filter and an ORDER BY follow.
     QString join() const;
+    /// SELECT of the row with one key, its only parameter.
+    QString rowByKey() const;
+    /// nameCaption without its mnemonic, over lists.
+    QString nameHeading() const { return QString(nameCaption).remove(u'&'); }
     /// Name of the binding of disc k, 1 to 6: "ДискID1_d".
     static QString bindingField(int k) { return u"ДискID%1_d"_s.arg(k); }
     /// Name of the field that names the list of disc k: "ДискID1".
@@ -93,4 +103,3 @@ std::size_t CatalogueIndex(const CatalogueKind& kind);
 /// Null for anything else.
 const CatalogueKind* CatalogueByCode(QStringView code);
 const CatalogueKind* CatalogueByKindWord(QStringView kindWord);
-const CatalogueKind* CatalogueByAddCaption(QStringView caption);

@@ -6,14 +6,14 @@
 
 Database ListDatabase(const Program& program, const CatalogueKind& kind)
 {
-    return kind.lists == DiscLists::Tracks ? program.tracksDatabase() : program.filesDatabase();
+    return kind.list->contents == ListKind::Tracks ? program.tracksDatabase() : program.filesDatabase();
 }
 
 std::array<QString, 6> ListsOfDisc(const Database& main, const CatalogueKind& kind, qint64 key)
 {
     std::array<QString, 6> lists;
-    if (kind.lists == DiscLists::None) return lists;
-    const Recordset row = main.OpenRecordset(u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(kind.table, kind.key), {key});
+    if (!kind.list) return lists;
+    const Recordset row = main.OpenRecordset(kind.rowByKey(), {key});
     if (row.RecordCount() == 0) return lists;
     for (int k = 1; k <= 6; ++k) lists[std::size_t(k - 1)] = row.value(CatalogueKind::listField(k)).text();
     return lists;

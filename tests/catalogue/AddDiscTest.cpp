@@ -1,3 +1,4 @@
+#include "catalogue/Given.h"
 #include "catalogue/frmAddCD.h"
 #include "harness/ScreenTest.h"
 
@@ -14,10 +15,11 @@ protected:
                        "Отмена\t- отменить поиск")
             .arg(number);
     }
-    /// In the editor that the dialog has handed over to.
-    Script save(const char* name)
+    /// Presses OK, and saves in the editor that the dialog hands over to.
+    Script ok(const char* name)
     {
-        EXPECT_EQ(windowName(), "frmAddInCataloguePC");
+        expectForm("frmAddInCataloguePC");
+        co_await click("imgButton_0");
         co_await type("txtName", name);
         co_await click("imgButton_0");
     }
@@ -34,16 +36,14 @@ TEST_F(AddDisc, OffersTheFirstFreeNumberAndBindsANewDiscOfTheRightKind)
     program.shared.CatalogueQueryFilter = "AND Год = \"1\"";
     add([&]() -> Script {
         EXPECT_EQ(shown("lblCDsCount0"), "Добавление Компьютерного диска");
-        EXPECT_EQ(shown("txtNumber"), "2");
         EXPECT_EQ(control<QLineEdit>("txtNumber").selectedText(), "2");
         EXPECT_EQ(items("cmbDrive"), "D:\\\nV:\\\n");
         EXPECT_EQ(shown("lblInserCD"), "Компьютерный диск");
         EXPECT_TRUE(checked("chAutoDetect"));
         EXPECT_FALSE(visible("chQuery_0"));
+        EXPECT_EQ(sharedMnemonics(), "");
         co_await picture("frmAddCD");
-        expectForm("frmAddInCataloguePC");
-        co_await key(Qt::Key_Return);
-        co_await save("Новый");
+        co_await ok("Новый");
     });
     EXPECT_EQ(discs(), "1 | Есть | Null\n2 | Новый | 1A2B\n");
     EXPECT_TRUE(program.shared.DialogDone);
@@ -63,11 +63,32 @@ TEST_F(AddDisc, WrongKindOrNoDiscIsNotBound)
         EXPECT_EQ(shown("lblInserCD"), "DVD диск");
         EXPECT_FALSE(enabled("chAutoDetect"));
         EXPECT_FALSE(checked("chAutoDetect"));
-        expectForm("frmAddInCataloguePC");
-        co_await click("imgButton_0");
-        co_await save("Набранный");
+        co_await ok("Набранный");
     });
     EXPECT_EQ(discs(), "1 | Набранный | Null\n");
+}
+
+TEST_F(AddDisc, ADiscOfUncertainKindWithoutASerialIsAskedAboutOnceAtATime)
+{
+    const FakeDrive& drive = insert(FakeDisc::data("ODD", 0, 100));
+    const auto itIsAComputerDisc = [&]() -> Script {
+        co_await check("optPC", true);
+        co_await click("imgButton_0");
+    };
+    expectForm("frmSelectCategory");
+    add([&]() -> Script {
+        co_await itIsAComputerDisc();
+        EXPECT_TRUE(checked("chAutoDetect"));
+        expectForm("frmSelectCategory");
+        expectBox("Идентификатор не обнаружен!", 48);
+        co_await click("imgButton_0");
+        co_await itIsAComputerDisc();
+        co_await select("cmbDrive", "V:\\");
+        expectForm("frmSelectCategory");
+        co_await select("cmbDrive", "D:\\");
+        co_await itIsAComputerDisc();
+        EXPECT_EQ(drive.asked, 3);
+    });
 }
 
 TEST_F(AddDisc, ADiscThatIsBoundAlreadyIsAskedAbout)
@@ -82,9 +103,7 @@ TEST_F(AddDisc, ADiscThatIsBoundAlreadyIsAskedAbout)
     expectBox(Bound, 36, Answer::Yes);
     add([&]() -> Script {
         EXPECT_FALSE(enabled("chAutoDetect"));
-        expectForm("frmAddInCataloguePC");
-        co_await click("imgButton_0");
-        co_await save("Копия");
+        co_await ok("Копия");
     });
     EXPECT_EQ(discs(), "1 | Привязан | Null\n2 | Копия | Null\n");
 }
@@ -92,28 +111,28 @@ TEST_F(AddDisc, ADiscThatIsBoundAlreadyIsAskedAbout)
 TEST_F(AddDisc, TakenNumberIsSharedOrMakesRoomWhenTheDiscIsSaved)
 {
     shelf.computer(1, "Первый");
-    shelf.computer(2, "Второй");
+    FakeDrive& drive = insert(FakeDisc::data("NEW", 0x22));
     const QString question = "Диск № 1:\r'Первый' уже существует.\rСместить все номера на 1 начиная с 1-го?";
     expectBox(question, 36, Answer::No);
     add([&]() -> Script {
         co_await type("txtNumber", "01");
-        expectForm("frmAddInCataloguePC");
-        co_await click("imgButton_0");
-        EXPECT_EQ(shown("lblNumber"), "1");
-        co_await save("Рядом");
+        co_await check("chAutoDetect", false);
+        co_await ok("Рядом");
     });
-    EXPECT_EQ(discs(), "1 | Первый | Null\n1 | Рядом | Null\n2 | Второй | Null\n");
+    EXPECT_EQ(discs(), "1 | Первый | Null\n1 | Рядом | Null\n");
 
     add([&]() -> Script {
         co_await type("txtNumber", "1");
+        drive.medium.reset();
         expectBox(question, 36, Answer::Yes);
-        expectForm("frmAddInCataloguePC");
+        expectBox("Идентификатор не обнаружен!", 48);
         co_await click("imgButton_0");
-        EXPECT_EQ(rows("SELECT MAX(Номер) FROM Компьютер").trimmed(), "2");
-        EXPECT_EQ(program.shared.ShiftStart, 1);
-        co_await save("Впереди");
+        EXPECT_EQ(program.shared.ShiftStart, 0) << "nothing is left of an OK that was refused";
+        drive.medium = FakeDisc::data("SECOND", 0x33);
+        expectBox(question, 36, Answer::Yes);
+        co_await ok("Впереди");
     });
-    EXPECT_EQ(discs(), "1 | Впереди | Null\n2 | Первый | Null\n2 | Рядом | Null\n3 | Второй | Null\n");
+    EXPECT_EQ(discs(), "1 | Впереди | 33\n2 | Первый | Null\n2 | Рядом | Null\n");
 }
 
 TEST_F(AddDisc, ShiftThatCannotBeIsToldAtOnce)
@@ -135,22 +154,7 @@ TEST_F(AddDisc, ShiftThatCannotBeIsToldAtOnce)
     });
 }
 
-TEST_F(AddDisc, IdentifierIsReadAgainAtOk)
-{
-    FakeDrive& drive = insert(FakeDisc::data("FIRST", 0x11));
-    add([&]() -> Script {
-        drive.medium.reset();
-        expectBox("Идентификатор не обнаружен!", 48);
-        co_await click("imgButton_0");
-        drive.medium = FakeDisc::data("SECOND", 0x22);
-        expectForm("frmAddInCataloguePC");
-        co_await click("imgButton_0");
-        co_await save("Второй");
-    });
-    EXPECT_EQ(discs(), "1 | Второй | 22\n");
-}
-
-TEST_F(AddDisc, SearchOffersFreeNumbersOneByOne)
+TEST_F(AddDisc, SearchOffersFreeNumbersOneByOneAndAFullCatalogueNone)
 {
     for (const int number : {1, 2, 4}) shelf.computer(number, "x");
     add([&]() -> Script {
@@ -167,39 +171,27 @@ TEST_F(AddDisc, SearchOffersFreeNumbersOneByOne)
         co_await key(Qt::Key_Escape);
     });
     EXPECT_FALSE(program.shared.DialogDone);
+
+    program.mainDatabase().Execute(u"DELETE FROM Компьютер WHERE Номер > 1");
+    FillNumbers(program, 32767);
+    expectBox("Свободных номеров нет!", 48);
+    add([&]() -> Script {
+        EXPECT_EQ(shown("txtNumber"), "");
+        expectBox("Свободных номеров нет!", 48);
+        co_await click("imgButton_2");
+    });
 }
 
 TEST_F(AddDisc, WithoutADriveADiscCanStillBeTypedIn)
 {
-    class NoDrives : public Drives {
-    public:
-        QList<Drive*> all() override { return {}; }
-        VirtualDrive& virtualDrive() override { return none; }
-        FakeVirtualDrive none{u'V'};
-    } none;
-    Program bare{.applicationFolder = program.applicationFolder,
-                 .version = program.version,
-                 .clock = clock,
-                 .engine = engine,
-                 .drives = none,
-                 .dialogs = dialogs,
-                 .desktop = desktop,
-                 .shared = program.shared,
-                 .endProcess = program.endProcess};
+    drives.none = true;
     expectBox("Устройство для чтения компакт-дисков не найдено!", 48);
-    play(
-        [&] {
-            frmAddCD dialog(bare, Computer());
-            dialog.ShowModal();
-        },
-        [&]() -> Script {
-            EXPECT_EQ(shown("cmbDrive"), "---");
-            EXPECT_FALSE(enabled("cmbDrive"));
-            EXPECT_EQ(shown("lblInserCD"), "(нет)");
-            expectForm("frmAddInCataloguePC");
-            co_await click("imgButton_0");
-            co_await save("Без привода");
-        });
+    add([&]() -> Script {
+        EXPECT_EQ(shown("cmbDrive"), "---");
+        EXPECT_FALSE(enabled("cmbDrive"));
+        EXPECT_EQ(shown("lblInserCD"), "(нет)");
+        co_await ok("Без привода");
+    });
     EXPECT_EQ(discs(), "1 | Без привода | Null\n");
 }
 }

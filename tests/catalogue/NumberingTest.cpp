@@ -1,5 +1,6 @@
 #include "catalogue/Numbering.h"
 #include "catalogue/Covers.h"
+#include "catalogue/Given.h"
 #include "harness/ScreenTest.h"
 
 #include <QDir>
@@ -11,17 +12,11 @@ protected:
     {
         for (const int number : numbers) shelf.disc(kind, number, u"Диск %1"_s.arg(number));
     }
-    /// Discs 1 to `count` in an empty catalogue.
-    void numbered(int count)
+    QString numbers() { return rows("SELECT Номер FROM Компьютер ORDER BY КодКомпьютерныйДиск").simplified(); }
+    int offer(const CatalogueKind& kind, int refused)
     {
-        const CommandScope scope(engine);
-        shelf.computer(1, "x");
-        for (int have = 1; have < count; have *= 2)
-            program.mainDatabase().Execute(u"INSERT INTO Компьютер (Номер, Название) "
-                                           "SELECT Номер + ?, Название FROM Компьютер WHERE Номер <= ?",
-                                           {have, count - have});
+        return NextOffer(program.mainDatabase(), kind, refused).value_or(0);
     }
-    QString numbers() { return rows("SELECT Номер FROM Компьютер ORDER BY КодКомпьютерныйДиск").replace("\n", " "); }
 
     void cover(const QString& name)
     {
@@ -55,50 +50,69 @@ TEST_F(Numbering, FirstFreeNumberFillsGapsBeforeTheEnd)
         EXPECT_EQ(FirstFreeNumber(program.mainDatabase(), Computer(), after), free) << after;
 }
 
-TEST_F(Numbering, MovesNumbersFromTheStartOnAndStampsNothing)
+TEST_F(Numbering, SearchOfTheAudioCatalogueGivesUpWhereARefusalComesToTenThousand)
 {
-    discs({3, 1, 2});
+    EXPECT_EQ(offer(Audio(), 9997), 9998);
+    EXPECT_EQ(offer(Audio(), 9998), 9999);
+    EXPECT_EQ(offer(Audio(), 9999), 0);
+    EXPECT_EQ(offer(Computer(), 9999), 10000);
+    discs({9999}, Audio());
+    EXPECT_EQ(offer(Audio(), 9998), 10000) << "a number that is taken does not count";
+}
+
+TEST_F(Numbering, MovesNumbersAndOfCoversThoseOfDvdsUpToTheCountOfRows)
+{
+    discs({3, 1, 2, 10});
     discs({1, 2, 3}, Dvd());
     program.mainDatabase().Execute(u"UPDATE Компьютер SET ДатаИзменения = Null");
+    for (const char* name : {"dvd_1.box", "dvd_2.box", "dvd_3.box", "dvd_10.box", "pc_2.box", "ad_3.box"}) cover(name);
     int start = 2;
     EXPECT_TRUE(MoveNumbers(program, Computer(), start));
     EXPECT_EQ(start, 0);
-    EXPECT_EQ(numbers().trimmed(), "4 1 3");
+    EXPECT_EQ(numbers(), "4 1 3 11");
+    EXPECT_EQ(covers(), "ad_3.box dvd_1.box dvd_10.box dvd_2.box>dvd_3.box dvd_3.box>dvd_4.box pc_2.box");
     EXPECT_EQ(rows("SELECT Номер FROM DVD ORDER BY Номер").simplified(), "1 2 3");
     EXPECT_EQ(rows("SELECT ПослОбновлКомпьютер FROM _Информация"), "");
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM Компьютер WHERE ДатаИзменения IS NULL").trimmed(), "3");
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Компьютер WHERE ДатаИзменения IS NULL").trimmed(), "4");
 }
 
-TEST_F(Numbering, CoversThatMoveAreThoseOfDvdsUpToTheCountOfRows)
-{
-    discs({1, 2, 3, 10});
-    for (const char* name : {"dvd_1.box", "dvd_2.box", "dvd_3.box", "dvd_10.box", "pc_2.box", "ad_3.box"}) cover(name);
-    int start = 2;
-    MoveNumbers(program, Computer(), start);
-    EXPECT_EQ(covers(), "ad_3.box dvd_1.box dvd_10.box dvd_2.box>dvd_3.box dvd_3.box>dvd_4.box pc_2.box");
-}
-
-TEST_F(Numbering, ShiftPastTheLastNumberIsToldAndMovesNothing)
+TEST_F(Numbering, ShiftPastTheLastNumberMovesNothingAndStaysAskedFor)
 {
     discs({1, 32767});
     cover("dvd_1.box");
-    expectBox("Номера начиная с 1-го нельзя сместить: самый большой возможный номер, 32767, уже занят.", 48);
     int start = 1;
     EXPECT_FALSE(MoveNumbers(program, Computer(), start));
-    EXPECT_EQ(start, 0);
-    EXPECT_EQ(numbers().trimmed(), "1 32767");
+    EXPECT_EQ(start, 1);
+    EXPECT_EQ(numbers(), "1 32767");
     EXPECT_EQ(covers(), "dvd_1.box");
+}
+
+TEST_F(Numbering, CoversStayWhereNumbersCannotBeCommitted)
+{
+    discs({1});
+    cover("dvd_1.box");
+    int start = 1;
+    const auto move = [&] {
+        const BlockedDatabase blocked(program.shared.MainDBPath);
+        MoveNumbers(program, Computer(), start);
+    };
+    expectFault("vinoraModule, MoveNumbers()");
+    EXPECT_THROW(move(), ProcessEnded);
+    EXPECT_EQ(start, 0);
+    EXPECT_EQ(covers(), "dvd_1.box");
+    EXPECT_EQ(numbers(), "1");
 }
 
 TEST_F(Numbering, WorksOnAsManyDiscsAsThereAreNumbers)
 {
-    numbered(32766);
+    discs({1});
+    FillNumbers(program, LastNumber - 1);
     int start = 1;
     EXPECT_TRUE(MoveNumbers(program, Computer(), start));
     EXPECT_EQ(rows("SELECT MIN(Номер), MAX(Номер), COUNT(*) FROM Компьютер").trimmed(), "2 | 32767 | 32766");
     EXPECT_EQ(FirstFreeNumber(program.mainDatabase(), Computer()), 1);
     discs({1});
-    EXPECT_EQ(FirstFreeNumber(program.mainDatabase(), Computer()), LastNumber + 1);
+    EXPECT_EQ(FirstFreeNumber(program.mainDatabase(), Computer()), std::nullopt);
 }
 
 TEST_F(Numbering, AFileThatIsNoPictureShowsNoCover)

@@ -187,6 +187,7 @@ private:
 class FakeDrives final : public Drives {
 public:
     FakeVirtualDrive v{u'V'};
+    bool none = false; ///< a machine without any drive
 
     FakeDrive& add(QChar letter, std::shared_ptr<FakeDisc> medium = {})
     {
@@ -197,6 +198,7 @@ public:
     QList<Drive*> all() override
     {
         QList<Drive*> drives;
+        if (none) return drives;
         for (const auto& device : m_devices) drives.append(device.get());
         drives.append(&v);
         return drives;

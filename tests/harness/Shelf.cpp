@@ -53,7 +53,7 @@ ShelfDisc& ShelfDisc::playing(int disc, int tracks, const QString& time)
 
 ShelfDisc& ShelfDisc::list(int disc, const QString& id, const QStringList& lines)
 {
-    const bool files = m_kind.lists == DiscLists::Files;
+    const bool files = m_kind.list->contents == ListKind::Files;
     const Database database = ListDatabase(m_program, m_kind);
     database.CreateTable(files ? FileTable(id) : TrackTable(id));
     Recordset rows = database.OpenRecordset(id);
