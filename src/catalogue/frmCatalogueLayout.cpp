@@ -32,8 +32,8 @@ QLayout* frmCatalogue::detailSide(QLayout* extras)
         {label(u"До&бавлен"_s, txtDateAdd), dates},
     });
     fraMain[0]->setLayout(column(common, extras));
-    fraMain[1]->setLayout(column(
-        imgBox, row(stretch, imgButton[std::size_t(kind.coverButton)], imgButton[std::size_t(kind.coverButton + 1)])));
+    const auto cover = std::size_t(kind.coverButton);
+    fraMain[1]->setLayout(column(imgBox, row(stretch, imgButton[cover], imgButton[cover + 1])));
     TabStrip->addTab(u"Сведения"_s);
     TabStrip->addTab(u"Обложка"_s);
     TabStrip->setDrawBase(false);

@@ -5,6 +5,8 @@
 #include "frame/Settings.h"
 #include "recognition/DiscIdentity.h"
 
+#include <QEvent>
+
 static const QString NoDrive = u"Устройство для чтения компакт-дисков не найдено!"_s;
 static const QString NoDisc = u"Вставьте диск в устройство для чтения компакт-дисков и повторите операцию."_s;
 
