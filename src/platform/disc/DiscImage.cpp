@@ -28,8 +28,9 @@ SectorFormat FormatOf(SectorSource& file)
 
 [[noreturn]] void RefuseAsImage(const QString& path)
 {
-    throw DiscError(u"'%1' - не образ диска: в нём нет ни файловой системы, ни звуковых дорожек. Выберите файл ISO, NRG, "
-                    u"CUE или TOC; файл BIN вставляется через его CUE."_s.arg(path));
+    throw DiscError(
+        u"'%1' - не образ диска: в нём нет ни файловой системы, ни звуковых дорожек. Выберите файл ISO, NRG, "
+        u"CUE или TOC; файл BIN вставляется через его CUE."_s.arg(path));
 }
 
 DiscLayout OneTrack(const QString& path, qint64 size, const SectorFormat& format)
