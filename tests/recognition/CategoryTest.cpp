@@ -52,7 +52,7 @@ TEST_F(Category, IsAskedOnceEvenWhereTheAnswerCannotBeStored)
     QDir(folder.path()).mkdir("skipcd.ini");
     expectDoubt(Answer::Yes);
     play([&] { EXPECT_EQ(GetDiskID(program, drive), ""); }, [&]() -> Script { co_await key(Qt::Key_Escape); });
-    play([&] { EXPECT_EQ(GlanceAt(program, drive).kind, ""); });
+    play([&] { EXPECT_EQ(GlanceAt(program, drive).disc.kind, ""); });
 }
 
 TEST_F(Category, RefusedAndConfirmedMakesTheDiscNoMedium)
