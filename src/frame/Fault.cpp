@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QWidget>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
