@@ -44,7 +44,7 @@ protected:
     {
         if (role == Qt::TextAlignmentRole) return int(m_columns[column].alignment | Qt::AlignVCenter);
         if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
-        const QStringList& texts = page(row / PageRows)[row % PageRows];
+        const QStringList texts = page(row / PageRows).at(row % PageRows);
         return column < texts.size() ? texts[column] : QString();
     }
 
@@ -66,20 +66,20 @@ private:
         for (const Column& column : m_columns) m_fields << names.indexOf(column.field);
     }
 
-    const Page& page(int number) const
+    Page page(int number) const
     {
         if (const Page* known = m_pages.object(number)) return *known;
-        auto* fresh = new Page;
+        Page fresh;
         try {
-            read(number * PageRows, *fresh);
+            read(number * PageRows, fresh);
         } catch (const RuntimeError& error) {
             // Nothing may leave a painting view. The page stays blank, and the error comes up from the event loop.
             QMetaObject::invokeMethod(
                 m_control, [error] { throw error; }, Qt::QueuedConnection);
         }
-        fresh->resize(PageRows);
-        m_pages.insert(number, fresh);
-        return *fresh;
+        fresh.resize(PageRows);
+        m_pages.insert(number, new Page(fresh));
+        return fresh;
     }
 
     void read(int first, Page& page) const
