@@ -273,19 +273,19 @@ void MapUdfPartitions(UdfSpace& space, UdfVolume& volume)
         return *partition;
     };
     // What stands on the medium itself first: the others lie upon it.
-    for (quint16 i = 0; i < maps.size(); ++i) {
+    for (std::size_t i = 0; i < maps.size(); ++i) {
         if (maps[i].kind != Map::physical && maps[i].kind != Map::sparable) continue;
         const auto [number, start, length] = described(maps[i]);
         if (maps[i].kind == Map::physical) {
-            space.setPartition(i, std::make_unique<PhysicalPartition>(start, length));
+            space.setPartition(quint16(i), std::make_unique<PhysicalPartition>(start, length));
         } else {
             const quint16 packetLength = Fields(maps[i].bytes).le16(40);
             if (!packetLength) throw DiscError(u"Диск поврежден: описание раздела неверно."_s);
-            space.setPartition(i, std::make_unique<SparablePartition>(start, length, packetLength,
-                                                                      ReadSparingTable(space, maps[i].bytes)));
+            space.setPartition(quint16(i), std::make_unique<SparablePartition>(start, length, packetLength,
+                                                                               ReadSparingTable(space, maps[i].bytes)));
         }
     }
-    for (quint16 i = 0; i < maps.size(); ++i) {
+    for (std::size_t i = 0; i < maps.size(); ++i) {
         if (maps[i].kind != Map::virtualKind && maps[i].kind != Map::metadata) continue;
         const auto isBelow = [&](const Map& map) {
             return map.partition == maps[i].partition && (map.kind == Map::physical || map.kind == Map::sparable);
@@ -297,10 +297,11 @@ void MapUdfPartitions(UdfSpace& space, UdfVolume& volume)
             VirtualTable table(space, underlying);
             QByteArray numbers = table.read();
             if (!table.label().isEmpty()) volume.label = table.label();
-            space.setPartition(i, std::make_unique<VirtualPartition>(space.partition(underlying), std::move(numbers)));
+            space.setPartition(quint16(i),
+                               std::make_unique<VirtualPartition>(space.partition(underlying), std::move(numbers)));
         } else {
             const auto extents = MetadataExtents(space, maps[i].bytes, underlying);
-            space.setPartition(i, std::make_unique<MetadataPartition>(space, extents));
+            space.setPartition(quint16(i), std::make_unique<MetadataPartition>(space, extents));
         }
     }
 }
