@@ -199,6 +199,8 @@ void frmCatalogue::ShowWholeCatalogue()
     program.shared.CatalogueQueryFilter.clear();
     txtName->clear();
     setWindowTitle(kind.title);
+    // A button that greys under the focus hands it to its neighbour, which opens the files.
+    if (imgButton[5]->hasFocus()) dbGrid->setFocus();
     allow(5, false);
     cmbSorted_Click();
 }
