@@ -1,201 +1,136 @@
-// The computer catalogue with as many discs as there are numbers, each figure beside its target. Windows are real ones on
-// the offscreen platform, timed to their first paint.
+// Every catalogue of the program with as many discs as there are numbers.
 
+#include "Bench.h"
+#include "catalogue/Catalogues.h"
+#include "catalogue/Covers.h"
 #include "catalogue/Numbering.h"
 #include "catalogue/frmAddCD.h"
-#include "catalogue/frmAddInCataloguePC.h"
-#include "catalogue/frmCataloguePCCD.h"
-#include "frame/Text.h"
-#include "harness/FakeDrives.h"
-#include "platform/XdgDesktop.h"
-#include "store/DatabaseSet.h"
-#include "store/StartUp.h"
-#include "ui/QtDialogs.h"
-#include "ui/Theme.h"
+#include "catalogue/frmAddInCatalogue.h"
+#include "catalogue/frmCatalogue.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QKeyEvent>
-#include <QTemporaryDir>
-#include <algorithm>
-#include <cstdio>
+#include <QDir>
+#include <QImage>
 
 namespace {
 
-double milliseconds(const std::function<void()>& work)
+constexpr int Repeats = 5;
+/// The first discs are lent and have covers.
+constexpr int Marked = 60;
+
+void markDiscs(Program& program, const CatalogueKind& kind)
 {
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
-void report(const char* what, QList<double> times, double target)
-{
-    std::sort(times.begin(), times.end());
-    std::printf("%-52s %8.2f ms   (target %g)\n", what, times[times.size() / 2], target);
-}
-
-/// A program of its own in a temporary folder.
-struct Bench {
-    QTemporaryDir folder;
-    SystemClock clock;
-    DBEngine engine{clock};
-    FakeDrives drives;
-    QtDialogs dialogs{engine, {}};
-    XdgDesktop desktop;
-    Program program{.applicationFolder = folder.path(),
-                    .version = u"1.0.0"_s,
-                    .clock = clock,
-                    .engine = engine,
-                    .drives = drives,
-                    .dialogs = dialogs,
-                    .desktop = desktop,
-                    .endProcess = [](int code) { std::_Exit(code); }};
-
-    Bench()
-    {
-        SetFilePaths(program);
-        PrepareDatabases(program);
+    const CommandScope scope(program.engine);
+    const Database main = program.mainDatabase();
+    main.Execute(u"INSERT INTO ИменаДолжников (Имя) VALUES ('Иванов')");
+    main.Execute(u"UPDATE %1 SET Должник = True WHERE Номер <= ?"_s.arg(kind.table), {Marked});
+    main.Execute(
+        u"INSERT INTO Должники (КодИмяДолжника, КодДиска, Категория) "
+        "SELECT (SELECT Max(КодИмени) FROM ИменаДолжников), %1, ? FROM %2 WHERE Номер <= ?"_s.arg(kind.key, kind.table),
+        {kind.code, Marked});
+    QImage cover(1200, 1200, QImage::Format_RGB32);
+    for (int y = 0; y < cover.height(); ++y)
+        for (int x = 0; x < cover.width(); ++x) cover.setPixel(x, y, qRgb(x % 256, y % 256, (x * y) % 256));
+    for (int number = 1; number <= Marked; ++number) {
+        const QString path = CoverPath(program, kind.coverPrefix, number);
+        QDir().mkpath(QFileInfo(path).path());
+        cover.save(path, "JPEG");
     }
+}
 
-    /// Discs 1 to `count`.
-    void fill(int count)
+struct BrowserFigures {
+    Figure open, move, markedMove, sort, letter, jump, typeAhead;
+
+    void take(frmCatalogue& form)
     {
-        const CommandScope scope(engine);
-        const Database main = program.mainDatabase();
-        main.Execute(u"DELETE FROM Компьютер");
-        main.Execute(
-            u"INSERT INTO Компьютер (Номер, Название, КодОписания, Год, Дисков) VALUES (1, \"x\", 1, \"2003\", 1)");
-        for (int have = 1; have < count; have *= 2)
-            main.Execute(
-                u"INSERT INTO Компьютер (Номер, Название, КодОписания, Год, Дисков) SELECT Номер + ?, Название, "
-                "КодОписания, Год, Дисков FROM Компьютер WHERE Номер <= ?",
-                {have, count - have});
-        Recordset rows = main.OpenRecordset(u"Компьютер");
-        for (; !rows.AtEOF(); rows.MoveNext()) {
-            const int number = rows[u"Номер"].toInt();
-            rows.Edit();
-            rows[u"Название"] = u"Сборник программ для дома № %1"_s.arg(number * 7919 % 32768);
-            rows[u"КодОписания"] = 1 + number % 23;
-            rows[u"Год"] = QString::number(1990 + number % 20);
-            rows.Update();
+        const auto enter = [&](int number) {
+            form.txtNumber->setText(QString::number(number));
+            Press(*form.txtNumber, Qt::Key_Return);
+        };
+        const auto stepDown = [&] { Press(*form.dbGrid, Qt::Key_Down); };
+
+        form.TabStrip->setCurrentIndex(1);
+        for (int i = 1; i < Marked; ++i) markedMove.take(stepDown);
+        form.TabStrip->setCurrentIndex(0);
+        for (const int number : {20000, 7, 32767, 16384, 3}) jump.take([&] { enter(number); });
+        enter(10000);
+        for (int i = 0; i < 50; ++i) move.take(stepDown);
+        for (const QChar letter : u"СПССШ"_s) typeAhead.take([&] { Press(*form.dbGrid, 0, letter); });
+        for (int i = form.cmbSorted->count(); i-- > 0;) {
+            form.cmbSorted->setCurrentIndex(i);
+            sort.take([&] {
+                emit form.cmbSorted->activated(i);
+                QCoreApplication::processEvents();
+            });
         }
+        for (const QChar letter : u"дома"_s) this->letter.take([&] { Press(*form.txtName, 0, letter); });
     }
 };
 
-/// Runs `then` when a widget has been painted for the first time.
-class AfterPaint : public QObject {
-public:
-    AfterPaint(QWidget* widget, std::function<void()> then) : QObject(widget), m_then(std::move(then))
-    {
-        widget->installEventFilter(this);
-    }
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() != QEvent::Paint || m_painted) return false;
-        m_painted = true;
-        QMetaObject::invokeMethod(
-            this, [this] { m_then(); }, Qt::QueuedConnection);
-        return false;
-    }
-
-private:
-    std::function<void()> m_then;
-    bool m_painted = false;
-};
-
-void press(QWidget* widget, int key, const QString& text = {})
+void browse(Program& program, const CatalogueKind& kind)
 {
-    QKeyEvent event(QEvent::KeyPress, key, {}, text);
-    QApplication::sendEvent(widget, &event);
-    QApplication::processEvents();
+    BrowserFigures figures;
+    for (int i = 0; i < Repeats; ++i)
+        figures.open.add(TimeToPaint([&] { OpenCatalogue(program, kind); }, u"DBGrid",
+                                     [&](QWidget& window) { figures.take(static_cast<frmCatalogue&>(window)); }));
+    figures.open.print(kind.browser + u" on 32,767 discs to its first paint"_s, 150);
+    figures.move.print(u"  a row further, painted"_s, 5);
+    figures.markedMove.print(u"  the same with a cover on view and a loan mark"_s, 10);
+    figures.sort.print(u"  another sort order, painted"_s, 150);
+    figures.letter.print(u"  a letter in the filter by name, painted"_s, 100);
+    figures.jump.print(u"  a jump to a number"_s, 10);
+    figures.typeAhead.print(u"  type-ahead to a title"_s, 20);
 }
 
-/// Opening, from the constructor to the first paint of `watched`, and what is done in the window then.
-template<class Screen, class Watched, class Then>
-double open(const std::function<std::unique_ptr<Screen>()>& make, Watched watched, Then then)
+void edit(Program& program, const CatalogueKind& kind)
 {
-    QElapsedTimer timer;
-    double elapsed = 0;
-    timer.start();
-    const std::unique_ptr<Screen> screen = make();
-    AfterPaint painted(watched(*screen), [&] {
-        elapsed = double(timer.nsecsElapsed()) / 1e6;
-        then(*screen);
-        screen->Unload();
-    });
-    screen->ShowModal();
-    return elapsed;
-}
-
-void browse(Bench& bench)
-{
-    QList<double> opens, moves, keystrokes;
-    for (int i = 0; i < 5; ++i)
-        opens += open<frmCataloguePCCD>([&] { return std::make_unique<frmCataloguePCCD>(bench.program); },
-                                        [](frmCataloguePCCD& form) { return form.dbGrid->viewport(); },
-                                        [&](frmCataloguePCCD& form) {
-                                            for (int row = 0; row < 50; ++row)
-                                                moves += milliseconds([&] { press(form.dbGrid, Qt::Key_Down); });
-                                            for (const QChar letter : u"дома"_s)
-                                                keystrokes += milliseconds([&] { press(form.txtName, 0, letter); });
-                                        });
-    QList<double> editors;
-    for (int i = 0; i < 5; ++i)
-        editors += open<frmAddInCataloguePC>(
+    Figure opens;
+    for (int i = 0; i < Repeats; ++i)
+        opens.add(TimeToPaint(
             [&] {
-                auto editor = std::make_unique<frmAddInCataloguePC>(bench.program);
+                const auto editor = MakeEditor(program, kind);
                 editor->AddUnder(1);
-                return editor;
+                editor->ShowModal();
             },
-            [](frmAddInCataloguePC& form) { return form.txtName; }, [](frmAddInCataloguePC&) {});
-    report("frmCataloguePCCD on 32,767 discs to its first paint", opens, 150);
-    report("frmAddInCataloguePC on as many titles", editors, 150);
-    report("a row further, painted", moves, 5);
-    report("a letter in the filter by name, painted", keystrokes, 100);
+            u"txtName"));
+    opens.print(kind.editor + u" on as many titles"_s, 150);
 }
 
-void addDialog(Bench& bench)
+void move(Program& program, const CatalogueKind& kind)
 {
-    QList<double> opens;
-    for (int i = 0; i < 5; ++i)
-        opens += open<frmAddCD>([&] { return std::make_unique<frmAddCD>(bench.program, Computer()); },
-                                [](frmAddCD& form) { return form.txtNumber; }, [](frmAddCD&) {});
-    report("frmAddCD on 32,000 discs without a gap", opens, 150);
-
-    QList<double> searches;
-    for (int i = 0; i < 5; ++i)
-        searches += milliseconds([&] { FirstFreeNumber(bench.program.mainDatabase(), Computer()); });
-    report("the first free number among them", searches, 100);
-}
-
-void move(Bench& bench)
-{
-    QList<double> times;
-    for (int i = 0; i < 5; ++i) {
+    const Database main = program.mainDatabase();
+    main.Execute(u"DELETE FROM %1 WHERE Номер = 32767"_s.arg(kind.table));
+    Figure moves;
+    for (int i = 0; i < Repeats; ++i) {
         int start = 1;
-        times += milliseconds([&] { MoveNumbers(bench.program, Computer(), start); });
-        bench.program.mainDatabase().Execute(u"UPDATE Компьютер SET Номер = Номер - 1");
+        moves.take([&] { MoveNumbers(program, kind, start); });
+        main.Execute(u"UPDATE %1 SET Номер = Номер - 1"_s.arg(kind.table));
     }
-    report("MoveNumbers from 1 over 32,766 discs", times, 2000);
+    moves.print(u"MoveNumbers from 1 over 32,766 discs"_s, 2000);
+}
+
+void add(Program& program, const CatalogueKind& kind)
+{
+    const Database main = program.mainDatabase();
+    main.Execute(u"DELETE FROM %1 WHERE Номер > 32000"_s.arg(kind.table));
+    Figure opens;
+    for (int i = 0; i < Repeats; ++i)
+        opens.add(TimeToPaint([&] { frmAddCD(program, kind).ShowModal(); }, u"txtNumber"));
+    opens.print(u"frmAddCD on 32,000 discs without a gap"_s, 150);
+    Measure(u"the first free number among them"_s, 100, Repeats, [&] { FirstFreeNumber(main, kind); });
 }
 
 }
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    QLocale::setDefault(RussianLocale());
-    Theme::apply(application, u"light"_s);
-
-    Bench bench;
-    bench.fill(32767);
-    browse(bench);
-    bench.fill(32766);
-    move(bench);
-    bench.fill(32000);
-    addDialog(bench);
+    Bench bench(argc, argv);
+    for (const CatalogueKind* kind : AllCatalogues()) {
+        if (!HasCatalogue(*kind)) continue;
+        FillShelf(bench.program, *kind);
+        markDiscs(bench.program, *kind);
+        browse(bench.program, *kind);
+        edit(bench.program, *kind);
+        move(bench.program, *kind);
+        add(bench.program, *kind);
+    }
 }
