@@ -39,13 +39,13 @@ private:
 double startOnce(const QString& program)
 {
     QProcess child;
-    child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     child.start(program, {u"--child"_s, QString::number(now())});
     const bool ended = child.waitForFinished(20000);
     bool painted = false;
     const double microseconds = child.readAllStandardOutput().trimmed().toDouble(&painted);
     if (!ended || !painted) {
-        std::fprintf(stderr, "the program did not paint its window: %s\n", qPrintable(child.errorString()));
+        std::fprintf(stderr, "the program did not paint its window: %s\n%s", qPrintable(child.errorString()),
+                     child.readAllStandardError().constData());
         std::exit(EXIT_FAILURE);
     }
     return microseconds / 1000;
