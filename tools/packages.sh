@@ -1,5 +1,5 @@
 # Debian packages, by what needs them. Sourced by run.sh, test.sh and .ci/run.
-build_packages="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libsqlite3-dev libicu-dev qt6-translations-l10n fonts-inter fonts-dejavu-core"
+build_packages="g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libsqlite3-dev libicu-dev qt6-translations-l10n fonts-inter fonts-dejavu-core"
 test_packages="libgtest-dev libgmock-dev genisoimage xorriso udftools grub-rescue-pc xvfb xauth"
 walk_packages="libgtest-dev libgmock-dev genisoimage xvfb xauth openbox"
 check_packages="clang-format-14 clang-tidy-14 git"

@@ -1,6 +1,5 @@
 #include "catalogue/frmCatalogue.h"
 
-#include "catalogue/Covers.h"
 #include "catalogue/DiscRecord.h"
 #include "catalogue/LoanMark.h"
 #include "catalogue/RecordSource.h"
@@ -38,6 +37,7 @@ frmCatalogue::frmCatalogue(Program& program, const CatalogueKind& kind)
     lblDue->setTextFormat(Qt::PlainText);
 
     setUpButtons();
+    setUpCover();
     connectControls();
 }
 
@@ -63,8 +63,10 @@ void frmCatalogue::setUpButtons()
            &frmCatalogue::ShowWholeCatalogue);
     if (kind.list)
         button(6, kind.list->icon, kind.list->text, kind.list->hint, Qt::CTRL | Qt::Key_L, &frmCatalogue::showList);
-    button(kind.coverButton, u"cover-edit"_s, u"Изменить обложку"_s, u"Изменить обложку диска"_s, {}, nullptr);
-    button(kind.coverButton + 1, u"cover-delete"_s, u"Удалить обложку"_s, u"Удалить обложку диска"_s, {}, nullptr);
+    button(kind.coverButton, u"cover-edit"_s, u"Изменить обложку"_s, u"Изменить обложку диска"_s, {},
+           &frmCatalogue::cmdChangeBox);
+    button(kind.coverButton + 1, u"cover-delete"_s, u"Удалить обложку"_s, u"Удалить обложку диска"_s, {},
+           &frmCatalogue::cmdDeleteBox);
 }
 
 void frmCatalogue::connectControls()
@@ -101,8 +103,6 @@ void frmCatalogue::Form_Load()
         if (const auto interval = BlinkInterval(program, u"tmrDueCatalogue")) m_due->setInterval(*interval);
         allow(1, !external());
         allow(5, false);
-        allow(kind.coverButton, false);
-        allow(kind.coverButton + 1, false);
         FullDictionary();
         loadSortOrder();
         if (!external() && program.shared.CatalogueQueryMode) markAsQuery();
@@ -247,22 +247,12 @@ void frmCatalogue::showNoRow()
     TabStrip->setTabText(1, {});
     TabStrip->setEnabled(false);
     imgBox->setPath({});
+    allowCover(false, false);
     for (QWidget* control : std::initializer_list<QWidget*>{lblSorted, cmbSorted, chSortedDESC})
         control->setEnabled(false);
     m_due->setOn(false);
     cmbDictionary->setCurrentIndex(-1);
     txtNumber->setReadOnly(true);
-}
-
-/// The file decides at each move whether there is a cover. None is on view for an external database: covers are ours.
-void frmCatalogue::showCover()
-{
-    const int number = currentNumber();
-    const bool covered = !external() && HasCover(program, kind.coverPrefix, number);
-    imgBox->setPath(covered ? CoverPath(program, kind.coverPrefix, number) : QString());
-    if (external()) TabStrip->setCurrentIndex(0);
-    TabStrip->setTabText(1, external() ? QString() : u"Обложка"_s);
-    TabStrip->setEnabled(!external());
 }
 
 void frmCatalogue::CheckDue()

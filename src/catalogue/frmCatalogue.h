@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QTabBar>
 
+class QMimeData;
 struct BoundDisc;
 
 /// A catalogue on view: the list of its discs, the details and the cover of the current one, and all that is done with a
@@ -89,7 +90,6 @@ private:
     void dcDatabase_Reposition();
     void showCounter();
     void showNoRow();
-    void showCover();
     void CheckDue();
     void txtNumber_KeyPress();
     void typeAhead(const QString& character);
@@ -102,6 +102,20 @@ private:
     void cmdDue();
     void showList();
     void rowDoubleClicked();
+
+    // The cover
+    void setUpCover();
+    void showCover();
+    void allowCover(bool change, bool remove);
+    void cmdChangeBox();
+    void cmdPasteBox();
+    void cmdDeleteBox();
+    void cmdSaveBox();
+    void coverMenu(const QPoint& at);
+    bool TestPicture(const QString& path);
+    void changeCover(const QString& picture);
+    void takeCover(const QMimeData& data);
+    void unlessDiskIsFull(const std::function<void()>& body);
 
     void allow(int button, bool allowed);
     Database database() const;

@@ -114,15 +114,4 @@ TEST_F(Numbering, WorksOnAsManyDiscsAsThereAreNumbers)
     discs({1});
     EXPECT_EQ(FirstFreeNumber(program.mainDatabase(), Computer()), std::nullopt);
 }
-
-TEST_F(Numbering, AFileThatIsNoPictureShowsNoCover)
-{
-    cover("pc_1.box");
-    EXPECT_TRUE(HasCover(program, u"pc_", 1));
-    EXPECT_FALSE(HasCover(program, u"pc_", 2));
-    EXPECT_TRUE(LoadCover(CoverPath(program, u"pc_", 1), {100, 100}).isNull());
-
-    QPixmap(400, 200).save(path("box/pc_2.box"), "PNG");
-    EXPECT_EQ(LoadCover(CoverPath(program, u"pc_", 2), {100, 100}).size(), QSize(100, 50));
-}
 }
