@@ -57,7 +57,7 @@ void OpenDiscFile(Program& program, Drive& drive, const QString& id, const QStri
         const bool start = ReadFilesAction(program) == FilesAction::StartFile;
         if (!(start ? program.desktop.openFile(path) : program.desktop.openFolderOf(path)))
             program.dialogs.MsgBox(
-                u"Не удалось открыть файл '%1'. Проверьте, назначена ли для него программа."_s.arg(name));
+                u"Не удалось открыть файл '%1'.\r%2"_s.arg(name, program.desktop.complaint()).trimmed());
     } catch (const RuntimeError& error) {
         program.dialogs.MsgBox(u"Не удалось открыть файл '%1'.\r%2"_s.arg(name, error.description()));
     }

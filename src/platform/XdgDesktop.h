@@ -9,4 +9,11 @@ public:
     bool openFolderOf(const QString& path) override;
     /// Web and mail addresses only.
     bool openLink(const QString& url) override;
+    QString complaint() const override { return m_complaint; }
+
+private:
+    bool open(const QString& what);
+    bool refuse(const QString& complaint);
+
+    QString m_complaint;
 };

@@ -25,6 +25,7 @@ public:
     bool openFile(const QString& path) override { return note(u"file "_s + path); }
     bool openFolderOf(const QString& path) override { return note(u"folder of "_s + path); }
     bool openLink(const QString& url) override { return note(u"link "_s + url); }
+    QString complaint() const override { return u"Рабочий стол занят."_s; }
 
 private:
     bool note(const QString& what)
