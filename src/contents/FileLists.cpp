@@ -62,8 +62,7 @@ void FileListWriter::add(const FileRow& row)
 
 static void setFields(const Database& main, DiscOfRow disc, const QStringList& fields, const Value& value)
 {
-    Recordset row = main.OpenRecordset(u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(Computer().table, Computer().key),
-                                       {disc.key});
+    Recordset row = main.OpenRecordset(Computer().rowByKey(), {disc.key});
     row.Edit();
     for (const QString& field : fields) row[field] = value;
     row.Update();

@@ -60,46 +60,55 @@ TableDef updates()
             .relations = {}};
 }
 
+/// What one catalogue has beside the others.
+struct OwnFields {
+    QList<FieldDef> afterTitle, afterCount;
+    FieldDef changed;
+    QList<FieldDef> discs; ///< lists and bindings of the discs of a set
+};
+
+/// `referred` names its dictionary: the relation, the table, the key.
+TableDef catalogue(const QString& name, const QString& key, const OwnFields& own, const QStringList& referred)
+{
+    return {.name = name,
+            .fields = QList{counter(key), integer(u"Номер"_s), text(u"Название"_s, 60)} + own.afterTitle +
+                      QList{text(u"Год"_s, 5), integer(u"Дисков"_s)} + own.afterCount +
+                      QList{dateOfToday(u"ДатаЗаписи"_s), own.changed, boolean(u"Должник"_s)} + own.discs,
+            .primaryKey = key,
+            .relations = {dictionaryOf(referred[0], referred[1], referred[2], name)}};
+}
+
 TableDef audio()
 {
-    const QString name = u"Аудио"_s, key = u"КодАудиоДиск"_s;
-    return {.name = name,
-            .fields = QList{counter(key), integer(u"Номер"_s), text(u"Название"_s, 60), textOrEmpty(u"Альбом"_s, 60),
-                            text(u"Год"_s, 5), integer(u"Дисков"_s)} +
-                      perDisc(u"Записей%1"_s, integer) +
-                      perDisc(u"Время%1"_s, [](const QString& field) { return text(field, 5); }) +
-                      QList{longInt(u"КодСтиля"_s), dateOfToday(u"ДатаЗаписи"_s), dateOfToday(u"ДатаИзменения"_s),
-                            boolean(u"Должник"_s)} +
-                      lists() + bindings(),
-            .primaryKey = key,
-            .relations = {dictionaryOf(u"АудиоСтиль"_s, u"Стиль"_s, u"КодСтиля"_s, name)}};
+    const auto time = [](const QString& field) { return text(field, 5); };
+    return catalogue(
+        u"Аудио"_s, u"КодАудиоДиск"_s,
+        {.afterTitle = {textOrEmpty(u"Альбом"_s, 60)},
+         .afterCount = perDisc(u"Записей%1"_s, integer) + perDisc(u"Время%1"_s, time) + QList{longInt(u"КодСтиля"_s)},
+         .changed = dateOfToday(u"ДатаИзменения"_s),
+         .discs = lists() + bindings()},
+        {u"АудиоСтиль"_s, u"Стиль"_s, u"КодСтиля"_s});
 }
 
 TableDef computer()
 {
-    const QString name = u"Компьютер"_s, key = u"КодКомпьютерныйДиск"_s;
-    return {.name = name,
-            .fields = QList{counter(key), integer(u"Номер"_s), text(u"Название"_s, 60), longInt(u"КодОписания"_s),
-                            textOrEmpty(u"РасОписание"_s, 255), text(u"Год"_s, 5), integer(u"Дисков"_s),
-                            dateOfToday(u"ДатаЗаписи"_s),
-                            date(u"ДатаИзменения"_s), // no default here, unlike the other two catalogues
-                            boolean(u"Должник"_s)} +
-                      lists() + bindings(),
-            .primaryKey = key,
-            .relations = {dictionaryOf(u"КомпьютерСтиль"_s, u"Описание"_s, u"КодОписания"_s, name)}};
+    return catalogue(u"Компьютер"_s, u"КодКомпьютерныйДиск"_s,
+                     {.afterTitle = {longInt(u"КодОписания"_s), textOrEmpty(u"РасОписание"_s, 255)},
+                      .afterCount = {},
+                      .changed = date(u"ДатаИзменения"_s), // no default here, unlike the other two catalogues
+                      .discs = lists() + bindings()},
+                     {u"КомпьютерСтиль"_s, u"Описание"_s, u"КодОписания"_s});
 }
 
 TableDef dvd()
 {
-    const QString name = u"DVD"_s, key = u"КодDVDДиск"_s;
-    return {.name = name,
-            .fields = QList{counter(key), integer(u"Номер"_s), text(u"Название"_s, 60), textOrEmpty(u"Описание"_s, 255),
-                            text(u"Год"_s, 5), integer(u"Дисков"_s), integer(u"Время"_s), integer(u"Зона"_s),
-                            longInt(u"КодЖанр"_s), textOrEmpty(u"ФорматЗвука"_s, 30), dateOfToday(u"ДатаЗаписи"_s),
-                            dateOfToday(u"ДатаИзменения"_s), boolean(u"Должник"_s)} +
-                      bindings(),
-            .primaryKey = key,
-            .relations = {dictionaryOf(u"DVDЖанр"_s, u"Жанр"_s, u"КодЖанр"_s, name)}};
+    return catalogue(u"DVD"_s, u"КодDVDДиск"_s,
+                     {.afterTitle = {textOrEmpty(u"Описание"_s, 255)},
+                      .afterCount = {integer(u"Время"_s), integer(u"Зона"_s), longInt(u"КодЖанр"_s),
+                                     textOrEmpty(u"ФорматЗвука"_s, 30)},
+                      .changed = dateOfToday(u"ДатаИзменения"_s),
+                      .discs = bindings()},
+                     {u"DVDЖанр"_s, u"Жанр"_s, u"КодЖанр"_s});
 }
 
 TableDef loans()
