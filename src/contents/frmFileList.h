@@ -6,6 +6,7 @@
 #include "ui/ElidedLabel.h"
 #include "ui/ImageButton.h"
 #include "ui/ListView.h"
+#include "ui/SteadyView.h"
 
 #include <QComboBox>
 #include <QSplitter>
@@ -22,7 +23,7 @@ public:
     ElidedLabel* lblName = named("lblName");
     QComboBox* cmbCountCD = named("cmbCountCD");
     QSplitter* picSlider = named("picSlider"); ///< Alt+Left and Alt+Right move it
-    QTreeView* trView = named("trView");
+    SteadyView<QTreeView>* trView = named("trView");
     ListView* lvFiles = named("lvFiles");
     QLabel* txtNoFiles = named("txtNoFiles"); ///< in place of the files of a folder without any
     QLabel* lblNoFiles = named("lblNoFiles"); ///< in place of the tree of a disc without a list

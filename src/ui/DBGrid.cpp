@@ -1,5 +1,6 @@
 #include "ui/DBGrid.h"
 
+#include "ui/ColumnWidths.h"
 #include "ui/RowModel.h"
 
 #include <QCache>
@@ -107,7 +108,7 @@ private:
     mutable QCache<int, Page> m_pages{PagesKept};
 };
 
-DBGrid::DBGrid(QWidget* parent) : QTableView(parent), m_model(new Model(this))
+DBGrid::DBGrid(QWidget* parent) : SteadyView(parent), m_model(new Model(this))
 {
     setModel(m_model);
     setSelectionBehavior(SelectRows);
@@ -167,18 +168,7 @@ void DBGrid::currentChanged(const QModelIndex& current, const QModelIndex& previ
 void DBGrid::sizeColumns()
 {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 7 / 4);
-    QHeaderView* header = horizontalHeader();
-    bool stretches = false;
-    for (int i = 0; i < m_model->columnList().size(); ++i) {
-        const Column& column = m_model->columnList()[i];
-        stretches |= column.width == 0;
-        header->setSectionResizeMode(i, column.width ? QHeaderView::Interactive : QHeaderView::Stretch);
-        if (!column.width) continue;
-        const int padding = fontMetrics().averageCharWidth() * 2;
-        header->resizeSection(i, std::max(column.width * fontMetrics().averageCharWidth() + padding,
-                                          fontMetrics().horizontalAdvance(column.caption) + 2 * padding));
-    }
-    header->setStretchLastSection(!stretches);
+    horizontalHeader()->setStretchLastSection(!SizeColumns(*horizontalHeader(), m_model->columnList()));
 }
 
 void DBGrid::changeEvent(QEvent* event)

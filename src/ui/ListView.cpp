@@ -1,6 +1,7 @@
 #include "ui/ListView.h"
 
 #include "dao/Collation.h"
+#include "ui/ColumnWidths.h"
 #include "ui/RowModel.h"
 
 #include <QHeaderView>
@@ -135,7 +136,7 @@ private:
     ListView* m_view;
 };
 
-ListView::ListView(QWidget* parent) : QTreeView(parent), m_model(new Model(this))
+ListView::ListView(QWidget* parent) : SteadyView(parent), m_model(new Model(this))
 {
     setModel(m_model);
     setRootIsDecorated(false);
@@ -274,17 +275,7 @@ void ListView::clickColumn(int column)
     emit columnClicked(column);
 }
 
-void ListView::sizeColumns()
-{
-    for (int i = 0; i < m_model->columnList.size(); ++i) {
-        const Column& column = m_model->columnList[i];
-        header()->setSectionResizeMode(i, column.width ? QHeaderView::Interactive : QHeaderView::Stretch);
-        if (!column.width) continue;
-        const int character = fontMetrics().averageCharWidth();
-        header()->resizeSection(i, std::max(column.width * character + 2 * character,
-                                            fontMetrics().horizontalAdvance(column.caption) + 5 * character));
-    }
-}
+void ListView::sizeColumns() { SizeColumns(*header(), m_model->columnList); }
 
 void ListView::changeEvent(QEvent* event)
 {

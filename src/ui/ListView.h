@@ -1,12 +1,14 @@
 #pragma once
 
+#include "ui/SteadyView.h"
+
 #include <QIcon>
 #include <QTreeView>
 #include <functional>
 
 /// A report list: rows of texts under captions, with an icon and, where wanted, a check box. Rows are counted from 0 in
 /// the order in which they are shown; -1 is none. Filling and sorting are quick with 100,000 rows.
-class ListView : public QTreeView {
+class ListView : public SteadyView<QTreeView> {
     Q_OBJECT
 public:
     struct Column {

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDirIterator>
+#include <QMouseEvent>
 
 namespace {
 
@@ -18,6 +19,20 @@ struct InterruptedFile : FakeDisc {
         return FakeDisc::read(folder, name, offset, length);
     }
 };
+
+/// As a click on the blank below the rows with a hand that is not quite still.
+void dragOverBlank(QTreeView& view)
+{
+    const QPointF below(5, view.viewport()->height() - 5);
+    for (const auto& [type, button] : {std::pair{QEvent::MouseButtonPress, Qt::LeftButton},
+                                       {QEvent::MouseMove, Qt::NoButton},
+                                       {QEvent::MouseButtonRelease, Qt::LeftButton}}) {
+        const QPointF at = below + QPointF(type == QEvent::MouseButtonPress ? 0 : 12, 0);
+        const bool held = type != QEvent::MouseButtonRelease;
+        QMouseEvent event(type, at, view.viewport()->mapToGlobal(at), button, held ? Qt::LeftButton : Qt::NoButton, {});
+        QApplication::sendEvent(view.viewport(), &event);
+    }
+}
 
 class FileList : public ScreenTest {
 protected:
@@ -74,6 +89,8 @@ TEST_F(FileList, ShowsFoldersBesideTheRootAndTheFilesOfTheChosenOne)
         co_await click("trView", "Docs/Img");
         EXPECT_EQ(shown("lvFiles"), "a.gif | 7,0\n");
         co_await click("trView", "Empty");
+        co_await act([&] { dragOverBlank(control<QTreeView>("trView")); });
+        EXPECT_EQ(current("trView"), "Empty");
         EXPECT_TRUE(visible("txtNoFiles") && enabled("txtCommentDir"));
         EXPECT_FALSE(visible("lvFiles") || enabled("txtCommentFile"));
         const int width = control<QWidget>("trView").width();
