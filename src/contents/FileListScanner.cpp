@@ -22,6 +22,7 @@ struct Level {
     QString folder;
     QStringList subfolders; // still to be visited, from the end
     QList<DiscEntry> files;
+    double share; // of each subfolder, and of the files
 };
 
 /// How the work on one folder ended.
@@ -35,45 +36,50 @@ public:
 
     void run()
     {
-        enter(u"\\"_s);
+        enter(u"\\"_s, 1);
         while (!levels.empty()) {
             if (running && !levels.back().subfolders.isEmpty()) {
                 const QString child = levels.back().folder + levels.back().subfolders.takeLast() + u'\\';
-                if (enter(child) == Outcome::BrokenOff) levels.pop_back();
+                if (enter(child, levels.back().share) == Outcome::BrokenOff) levels.pop_back();
                 continue;
             }
             const Level level = std::move(levels.back());
             levels.pop_back();
             if (guarded([&] { list(level); }) == Outcome::BrokenOff && !levels.empty()) levels.pop_back();
+            walked += level.share;
         }
     }
 
 private:
     /// Puts the folder on the levels, unless it cannot be read.
-    Outcome enter(const QString& folder)
+    Outcome enter(const QString& folder, double share)
     {
         running = watcher.entering(folder);
         if (!running) return Outcome::BrokenOff;
-        return guarded([&] {
+        const std::size_t depth = levels.size();
+        const Outcome outcome = guarded([&] {
             if (folder.size() > FieldLength::FolderPath) {
                 if (!rules.folders) return; // neither it nor what is below would have a row
                 throw DiscError(u"Путь «%1» длиннее %2 символов."_s.arg(folder).arg(FieldLength::FolderPath));
             }
-            Level level{folder, {}, {}};
+            Level level{folder, {}, {}, share};
             for (const DiscEntry& entry : disc.list(folder)) {
                 if (entry.folder)
                     level.subfolders += entry.name;
                 else if (!entry.hidden || rules.hiddenFiles)
                     level.files += entry;
             }
+            level.share /= double(level.subfolders.size() + 1);
             levels.push_back(std::move(level));
         });
+        if (levels.size() == depth) walked += share;
+        return outcome;
     }
 
     void list(const Level& level)
     {
         const bool root = level.folder.size() == 1;
-        watcher.listing(level.folder, level.files.size());
+        watcher.listing(level.folder, level.files.size(), {walked, level.share});
         if (root || rules.folders) store({level.folder, level.folder, u"0"_s, {}});
         if (!(root ? rules.rootFiles : rules.folders) || rules.foldersOnly) return;
         for (qsizetype i = 0; i < level.files.size(); ++i) {
@@ -118,6 +124,7 @@ private:
     ScanWatcher& watcher;
     std::vector<Level> levels;
     MP3TagEditor tag;
+    double walked = 0;
     bool running = true;
 };
 

@@ -27,6 +27,13 @@ struct ScanRules {
     std::optional<FileFilter> filter = {};
 };
 
+/// Shares of the whole walk, which add up to 1. How much is below a folder is not known before it is entered: its subfolders
+/// and its own files count the same.
+struct ScanProgress {
+    double walked = 0; ///< before
+    double share = 1;  ///< of the files at hand
+};
+
 /// Who follows a scan. The event loop turns in here and nowhere else.
 class ScanWatcher {
 public:
@@ -35,8 +42,9 @@ public:
     /// A folder is entered; its rows come after those of its subfolders. False breaks the walk off: this folder and the
     /// one above it get no rows, folders further up get theirs and visit no more subfolders.
     virtual bool entering(const QString& folder) = 0;
-    /// The rows of a folder are being made: `count` files, of which `name` is number `index`, from 0 on.
-    virtual void listing(const QString& folder, qsizetype count) = 0;
+    /// The rows of a folder are being made: `count` files, of which `name` is number `index`, from 0 on. `progress` says
+    /// how far the walk is by then.
+    virtual void listing(const QString& folder, qsizetype count, const ScanProgress& progress) = 0;
     virtual void file(qsizetype index, const QString& name) = 0;
     /// The disc could not be read. What is left of one folder is lost, the walk goes on.
     virtual void readingError(const RuntimeError& error) = 0;

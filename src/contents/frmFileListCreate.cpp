@@ -8,6 +8,7 @@
 
 static constexpr int TurnMilliseconds = 50;
 static constexpr int ErrorsBetweenQuestions = 3;
+static constexpr int DiscSteps = 1000;
 
 frmFileListCreate::frmFileListCreate(Program& program, Drive& drive, std::shared_ptr<Disc> disc,
                                      const ScanOptions& options)
@@ -15,10 +16,14 @@ frmFileListCreate::frmFileListCreate(Program& program, Drive& drive, std::shared
       options(options)
 {
     prbFiles->setTextVisible(false);
-    QLabel* hint = label(u"Esc прерывает сканирование; найденное останется в списке"_s);
-    for (QLabel* small : {lblCount, hint}) lettered(small, Lettering::Caption);
-    setLayout(column(lblDir, lblFile, prbFiles, lblCount, hint));
-    setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+    prbDisc->setMaximum(DiscSteps);
+    cmdStop->setup(u"stop"_s, u"&Остановить"_s, u"Остановить сканирование (Esc); найденное останется в списке"_s);
+    QLabel *folderCaption = label(u"Папка:"_s), *discCaption = label(u"Весь диск:"_s);
+    lettered(lblCount, Lettering::Caption);
+    setLayout(column(lblDir, lblFile, grid({{folderCaption, prbFiles}, {discCaption, prbDisc}}),
+                     row(lblCount, stretch, cmdStop)));
+    setMinimumWidth(fontMetrics().averageCharWidth() * 64);
+    connect(cmdStop, &QPushButton::clicked, this, &Form::reject);
 }
 
 void frmFileListCreate::Work()
@@ -32,7 +37,11 @@ void frmFileListCreate::Work()
     });
 }
 
-void frmFileListCreate::stopping() { lblCount->setText(u"Сканирование прерывается…"_s); }
+void frmFileListCreate::stopping()
+{
+    cmdStop->setEnabled(false);
+    lblCount->setText(u"Сканирование прерывается…"_s);
+}
 
 ScanRules frmFileListCreate::rules()
 {
@@ -58,8 +67,9 @@ FileFilter frmFileListCreate::FullArrayFileFiltr()
 
 bool frmFileListCreate::entering(const QString&) { return showAndTurn(); }
 
-void frmFileListCreate::listing(const QString& folder, qsizetype count)
+void frmFileListCreate::listing(const QString& folder, qsizetype count, const ScanProgress& at)
 {
+    progress = at;
     const bool root = folder.size() == 1;
     folderShown = (drive.root().left(2) + (root ? folder : folder.chopped(1))).toUpper();
     done = 0;
@@ -99,6 +109,7 @@ void frmFileListCreate::showProgress()
     lblFile->setText(fileShown);
     prbFiles->setMaximum(qMax(1, toDo));
     prbFiles->setValue(done);
+    prbDisc->setValue(int(DiscSteps * (progress.walked + progress.share * done / qMax(1, toDo))));
     if (!working()) return; // its line says that it is ending
     lblCount->setText(u"Папок: %1, файлов: %2"_s.arg(FormatNumber(folders, 0, true), FormatNumber(files, 0, true)));
 }

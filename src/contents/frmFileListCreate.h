@@ -4,12 +4,13 @@
 #include "contents/ScanOptions.h"
 #include "frame/LongWork.h"
 #include "ui/ElidedLabel.h"
+#include "ui/ImageButton.h"
 
 #include <QElapsedTimer>
 #include <QProgressBar>
 
-/// Walks a disc into the list CurrentDiscID. Closing the window breaks the walk off at the next folder; what is in the
-/// list stays. The drive watch pauses meanwhile.
+/// Walks a disc into the list CurrentDiscID. Stopping it, or closing the window, breaks the walk off at the next folder;
+/// what is in the list stays. The drive watch pauses meanwhile.
 class frmFileListCreate : public LongWork, private ScanWatcher {
 public:
     /// `disc` is the medium in `drive` that the list is named after.
@@ -17,8 +18,10 @@ public:
 
     ElidedLabel* lblDir = named("lblDir");
     ElidedLabel* lblFile = named("lblFile");
-    QProgressBar* prbFiles = named("prbFiles");
-    QLabel* lblCount = named("lblCount"); ///< folders and files so far
+    QProgressBar* prbFiles = named("prbFiles"); ///< of the folder at hand
+    QProgressBar* prbDisc = named("prbDisc");   ///< of the whole walk, as far as it is known
+    QLabel* lblCount = named("lblCount");       ///< folders and files so far
+    ImageButton* cmdStop = named("cmdStop");
 
 protected:
     void Work() override;
@@ -29,7 +32,7 @@ private:
     FileFilter FullArrayFileFiltr();
 
     bool entering(const QString& folder) override;
-    void listing(const QString& folder, qsizetype count) override;
+    void listing(const QString& folder, qsizetype count, const ScanProgress& progress) override;
     void file(qsizetype index, const QString& name) override;
     void readingError(const RuntimeError& error) override;
     bool showAndTurn();
@@ -41,6 +44,7 @@ private:
     QElapsedTimer sinceShown;
     QString folderShown, fileShown;
     int done = 0, toDo = 0; ///< files of the folder
+    ScanProgress progress;
     int folders = 0, files = 0;
     int errors = 0;
 };

@@ -12,13 +12,18 @@ namespace {
 struct Watcher : ScanWatcher {
     QStringList entered;
     int errors = 0;
+    double reached = 0; ///< of the whole walk
 
     bool entering(const QString& folder) override
     {
         entered += folder;
         return true;
     }
-    void listing(const QString&, qsizetype) override {}
+    void listing(const QString&, qsizetype, const ScanProgress& progress) override
+    {
+        EXPECT_GE(progress.walked, reached - 1e-9);
+        reached = progress.walked + progress.share;
+    }
     void file(qsizetype, const QString&) override {}
     void readingError(const RuntimeError&) override { ++errors; }
 };
@@ -76,6 +81,7 @@ TEST_F(FileListScanner, SubfoldersComeFirstAndFromTheLastAndRulesChooseRows)
     EXPECT_EQ(scan(*disc, {.folders = false, .hiddenFiles = true, .lowerCase = true}),
               "\\ . 0\n\\ hidden.txt 0,0\n\\ readme.txt 0,1\n\\ setup.exe 1\u00A0000,0\n");
     EXPECT_EQ(watcher.entered, (QStringList{"\\", "\\B\\", "\\A\\", "\\A\\X\\"})) << "visited all the same";
+    EXPECT_NEAR(watcher.reached, 1, 1e-9);
     EXPECT_EQ(scan(*FakeDisc::data("EMPTY", 1)), "\\ . 0\n");
 }
 

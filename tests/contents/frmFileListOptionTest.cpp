@@ -227,7 +227,7 @@ TEST_F(FileListOption, AMediumThatLeavesEndsTheWalkAfterOneMessage)
     EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер"), "1A2B\n");
 }
 
-TEST_F(FileListOption, ClosingTheProgressWindowEndsTheWalkAndKeepsTheList)
+TEST_F(FileListOption, StoppingEndsTheWalkAndKeepsTheList)
 {
     bool watchPaused = false;
     disc->file("\\B\\X\\Y\\y", 0).file("\\B\\X\\x", 0).file("\\C\\c", 0);
@@ -235,7 +235,7 @@ TEST_F(FileListOption, ClosingTheProgressWindowEndsTheWalkAndKeepsTheList)
         watchPaused = program.shared.DriveWatchPaused;
         if (folder == "\\B\\X\\")
             for (QWidget* window : QApplication::topLevelWidgets())
-                if (window->objectName() == "frmFileListCreate") window->close();
+                if (auto* stop = window->findChild<QPushButton*>("cmdStop")) stop->click();
     };
     choose([&]() -> Script { co_await scan(); });
     EXPECT_EQ(folders(), "\\\n\\B\\\n\\C\\\n");
