@@ -98,4 +98,4 @@ bool IsPicture(const QString& path)
 
 QString PictureSuffix(const QString& path) { return Picture(path).suffix(); }
 
-QPixmap LoadCover(const QString& path, const QSize& bound) { return QPixmap::fromImage(Picture(path).read(bound)); }
+QImage LoadCover(const QString& path, const QSize& bound) { return Picture(path).read(bound); }

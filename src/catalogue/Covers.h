@@ -2,7 +2,7 @@
 
 #include "frame/Program.h"
 
-#include <QPixmap>
+#include <QImage>
 
 /// Where the cover of a disc lies, if it has one: box/pc_12.box in the application folder. `prefix` is that of the
 /// catalogue, CatalogueKind::coverPrefix.
@@ -26,5 +26,5 @@ bool IsPicture(const QString& path);
 /// The usual ending of the file's name, "jpg"; empty for what is no picture.
 QString PictureSuffix(const QString& path);
 /// The picture of a cover file, no larger than `bound` physical pixels, its proportions kept, upright. Null when the file
-/// is no picture: it may be any file.
-QPixmap LoadCover(const QString& path, const QSize& bound);
+/// is no picture: it may be any file. For any thread.
+QImage LoadCover(const QString& path, const QSize& bound);

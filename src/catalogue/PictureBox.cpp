@@ -2,7 +2,6 @@
 
 #include "catalogue/Covers.h"
 #include "catalogue/GivenPicture.h"
-#include "frame/Fault.h"
 #include "ui/Icons.h"
 #include "ui/Strokes.h"
 #include "ui/Theme.h"
@@ -12,6 +11,9 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QPainter>
+#include <QPromise>
+#include <QThreadPool>
+#include <memory>
 
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent)
 {
@@ -23,7 +25,9 @@ PictureBox::PictureBox(QWidget* parent) : QWidget(parent)
 void PictureBox::setPath(const QString& path)
 {
     m_path = path;
-    m_readFor = {};
+    m_wanted = {};
+    ++m_request;
+    m_read = false;
     m_picture = {};
     setAccessibleDescription(path.isEmpty() ? m_empty + u". "_s + m_hint : QString());
     update();
@@ -37,13 +41,29 @@ void PictureBox::setTexts(const QString& empty, const QString& unreadable, const
     update();
 }
 
+/// One reading at a time: what is passed by meanwhile is never read.
 void PictureBox::read()
 {
     const QSize physical = (QSizeF(size()) * devicePixelRatioF()).toSize();
-    if (m_path.isEmpty() || m_readFor == physical) return;
-    const Hourglass hourglass;
-    m_picture = LoadCover(m_path, physical);
-    m_readFor = physical;
+    if (m_path.isEmpty() || m_wanted == physical || m_reading) return;
+    m_wanted = physical;
+    m_reading = true;
+    const auto reading = std::make_shared<QPromise<QImage>>();
+    reading->start();
+    reading->future().then(this, [this, request = ++m_request](const QImage& picture) { wasRead(request, picture); });
+    QThreadPool::globalInstance()->start([reading, path = m_path, physical] {
+        reading->addResult(LoadCover(path, physical));
+        reading->finish();
+    });
+}
+
+void PictureBox::wasRead(int request, const QImage& picture)
+{
+    m_reading = false;
+    update();
+    if (request != m_request) return;
+    m_picture = QPixmap::fromImage(picture);
+    m_read = true;
 }
 
 void PictureBox::paintEvent(QPaintEvent*)
@@ -51,12 +71,13 @@ void PictureBox::paintEvent(QPaintEvent*)
     read();
     QPainter painter(this);
     const QColor accent = palette().color(QPalette::Highlight);
-    if (m_picture.isNull() || m_dragOver)
+    const bool empty = m_path.isEmpty() || (m_read && m_picture.isNull());
+    if (empty || m_dragOver)
         Strokes::roundRect(painter, rect(), fontMetrics().height() * 0.6, Theme::card(palette()),
                            m_dragOver ? accent : Theme::hairline(palette()), m_dragOver ? 2 : 1);
-    if (m_picture.isNull())
+    if (empty)
         paintText(painter);
-    else
+    else if (!m_picture.isNull())
         paintPicture(painter);
     if (hasFocus()) Strokes::roundRect(painter, rect(), fontMetrics().height() * 0.6, {}, accent, 2);
 }

@@ -6,7 +6,8 @@
 class QMimeData;
 
 /// A picture as large as its place allows, its proportions kept; a small one is not enlarged. Without a picture it says
-/// so, and how one comes in. The file is read when the box is first painted, so a box out of sight costs nothing.
+/// so, and how one comes in. The file is read when the box is first painted, so a box out of sight costs nothing, and on a
+/// thread of its own, so a large picture does not hold up who leafs through many.
 class PictureBox : public QWidget {
     Q_OBJECT
 public:
@@ -33,6 +34,7 @@ protected:
 
 private:
     void read();
+    void wasRead(int request, const QImage& picture);
     void paintPicture(QPainter& painter) const;
     void paintText(QPainter& painter) const;
     void setDragOver(bool over);
@@ -40,6 +42,9 @@ private:
     QString m_path;
     QString m_empty, m_unreadable, m_hint;
     QPixmap m_picture;
-    QSize m_readFor; ///< physical pixels
+    QSize m_wanted;    ///< physical pixels for which the file has been or is being read; empty: not yet
+    int m_request = 0; ///< told apart so that what was asked for another picture or size is not shown
+    bool m_reading = false;
+    bool m_read = false;
     bool m_dragOver = false;
 };
