@@ -20,13 +20,14 @@ PictureBox::PictureBox(QWidget* parent) : QWidget(parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMinimumSize(80, 80);
     setFocusPolicy(Qt::StrongFocus);
+    connect(&m_reader, &QFutureWatcher<QImage>::finished, this, [this] { wasRead(); });
 }
 
 void PictureBox::setPath(const QString& path)
 {
     m_path = path;
     m_wanted = {};
-    ++m_request;
+    m_passed = true;
     m_read = false;
     m_picture = {};
     setAccessibleDescription(path.isEmpty() ? m_empty + u". "_s + m_hint : QString());
@@ -48,21 +49,22 @@ void PictureBox::read()
     if (m_path.isEmpty() || m_wanted == physical || m_reading) return;
     m_wanted = physical;
     m_reading = true;
+    m_passed = false;
     const auto reading = std::make_shared<QPromise<QImage>>();
     reading->start();
-    reading->future().then(this, [this, request = ++m_request](const QImage& picture) { wasRead(request, picture); });
+    m_reader.setFuture(reading->future());
     QThreadPool::globalInstance()->start([reading, path = m_path, physical] {
         reading->addResult(LoadCover(path, physical));
         reading->finish();
     });
 }
 
-void PictureBox::wasRead(int request, const QImage& picture)
+void PictureBox::wasRead()
 {
     m_reading = false;
     update();
-    if (request != m_request) return;
-    m_picture = QPixmap::fromImage(picture);
+    if (m_passed) return;
+    m_picture = QPixmap::fromImage(m_reader.result());
     m_read = true;
 }
 

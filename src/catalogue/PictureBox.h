@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QFutureWatcher>
+#include <QImage>
 #include <QPixmap>
 #include <QWidget>
 
@@ -34,7 +36,7 @@ protected:
 
 private:
     void read();
-    void wasRead(int request, const QImage& picture);
+    void wasRead();
     void paintPicture(QPainter& painter) const;
     void paintText(QPainter& painter) const;
     void setDragOver(bool over);
@@ -42,9 +44,10 @@ private:
     QString m_path;
     QString m_empty, m_unreadable, m_hint;
     QPixmap m_picture;
-    QSize m_wanted;    ///< physical pixels for which the file has been or is being read; empty: not yet
-    int m_request = 0; ///< told apart so that what was asked for another picture or size is not shown
+    QSize m_wanted;                  ///< physical pixels for which the file is or was read; empty: not yet
+    QFutureWatcher<QImage> m_reader; ///< lets go of its reading when the box goes first
     bool m_reading = false;
+    bool m_passed = false; ///< another picture is wanted than the one being read
     bool m_read = false;
     bool m_dragOver = false;
 };

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QThreadPool>
 #include <sys/stat.h>
 
 namespace {
@@ -233,6 +234,32 @@ TEST_F(Covers, AreDroppedAndPastedAndSaved)
         EXPECT_FALSE(visible("imgBox"));
     };
     play([&] { OpenCatalogue(program, Computer()); }, external);
+}
+
+TEST_F(Covers, AreReadWithoutHoldingUpWhoLeafsOnOrLeaves)
+{
+    shelf.computer(1, "Один");
+    shelf.computer(2, "Два");
+    MakeBoxFolder(program);
+    StoreCover(program, u"pc_", 1, file("red.png", packed(plain(2500, 2500), "PNG")));
+    StoreCover(program, u"pc_", 2, file("text.png", "no picture"));
+    const auto leave = [&]() -> Script {
+        co_await act([&] {
+            control<QTabBar>("TabStrip").setCurrentIndex(1);
+            control<QWidget>("imgBox").grab();
+            runner.window().close();
+        });
+    };
+    play([&] { OpenCatalogue(program, Computer()); }, leave);
+    const auto leafOn = [&]() -> Script {
+        co_await select("TabStrip", "Обложка");
+        co_await focusOn("DBGrid");
+        co_await key(Qt::Key_Down);
+        co_await key(Qt::Key_Up);
+        co_await seen(Qt::red);
+    };
+    play([&] { OpenCatalogue(program, Computer()); }, leafOn);
+    QThreadPool::globalInstance()->waitForDone();
 }
 
 TEST_F(Covers, AFullDiskIsToldAndOtherTroubleIsAFault)
