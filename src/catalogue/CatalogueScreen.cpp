@@ -1,5 +1,6 @@
 #include "catalogue/CatalogueScreen.h"
 
+#include "frame/Text.h"
 #include "ui/IconLabel.h"
 #include "ui/Theme.h"
 
@@ -22,4 +23,28 @@ QBoxLayout* CatalogueScreen::head(QLabel* caption) const
 {
     caption->setFont(Theme::heading(font()));
     return row(sign(), caption, stretch);
+}
+
+QString CatalogueScreen::cleanTyped(QLineEdit* box)
+{
+    QString clean = CleanText(box->text());
+    if (clean == box->text()) return clean;
+    const int caret = box->cursorPosition();
+    box->setText(clean);
+    box->setModified(true);
+    box->setCursorPosition(caret);
+    return clean;
+}
+
+void CatalogueScreen::jumpToNumber(QLineEdit* box, DataControl& list)
+{
+    Routine("txtNumber_KeyPress"_L1, [&] {
+        const int number = DiscNumber(box->text());
+        if (number == 0) return refuse(box, u"Указан не верный номер диска. Повторите ввод."_s);
+        box->setText(QString::number(number));
+        if (list.FindFirst(u"Номер = ?"_s, {number})) return list.showRow();
+        MsgBox(u"Диск № %1 не найден."_s.arg(number));
+        box->setText(list.value(u"Номер").text());
+        box->selectAll();
+    });
 }

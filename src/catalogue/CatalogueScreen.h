@@ -2,6 +2,7 @@
 
 #include "frame/Screen.h"
 #include "store/CatalogueKind.h"
+#include "ui/DataControl.h"
 
 /// A screen that works on one catalogue, `kind`.
 class CatalogueScreen : public Screen {
@@ -20,6 +21,11 @@ protected:
     QWidget* sign() const;
     /// The top of a dialog: the sign and, as its heading, the caption that says what is done.
     QBoxLayout* head(QLabel* caption) const;
+
+    /// What was typed in a box of free text, which then holds it cleaned: see CleanText.
+    static QString cleanTyped(QLineEdit* box);
+    /// Enter in the number box of a list: the list goes to that disc, or the user is told.
+    void jumpToNumber(QLineEdit* box, DataControl& list);
 
     const CatalogueKind& kind;
 };

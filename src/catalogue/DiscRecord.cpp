@@ -1,5 +1,6 @@
 #include "catalogue/DiscRecord.h"
 
+#include "catalogue/Numbering.h"
 #include "store/Updates.h"
 
 static Value orNull(const QString& text) { return text.isEmpty() ? Value() : Value(text); }
@@ -55,11 +56,9 @@ QStringList TitlesOf(const Database& main, const CatalogueKind& kind)
 
 std::optional<QString> FirstDiscNumbered(const Database& main, const CatalogueKind& kind, int number)
 {
-    const Recordset row = main.OpenRecordset(
-        u"SELECT * FROM %1 WHERE Номер = ? ORDER BY %2"_s.arg(kind.table, kind.key), {number});
-    if (row.RecordCount() == 0) return {};
-    const QString name = row.value(u"Название").text();
-    return kind.album ? name + u" - "_s + row.value(u"Альбом").text() : name;
+    const std::optional<NumberedDisc> disc = DiscNumbered(main, kind, number);
+    if (!disc) return {};
+    return kind.album ? disc->name + u" - "_s + disc->album : disc->name;
 }
 
 qint64 SaveDisc(const Database& main, const CatalogueKind& kind, const DiscRecord& record, qint64 code, QDate today)

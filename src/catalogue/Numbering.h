@@ -7,6 +7,14 @@
 
 inline constexpr int LastNumber = 32767;
 
+struct NumberedDisc {
+    qint64 key = 0;
+    int number = 0;
+    QString name, album; ///< of what is no audio disc the album is empty
+};
+/// The first disc in stored order that has the number.
+std::optional<NumberedDisc> DiscNumbered(const Database& main, const CatalogueKind& kind, int number);
+
 /// The smallest number above `after` that no disc of the catalogue has: gaps are filled before the end is extended. None
 /// when all are taken.
 std::optional<int> FirstFreeNumber(const Database& main, const CatalogueKind& kind, int after = 0);

@@ -4,6 +4,7 @@
 #include "catalogue/Reduction.h"
 #include "frame/Text.h"
 #include "store/DiscTables.h"
+#include "store/Schema.h"
 #include "ui/Theme.h"
 
 #include <QKeyEvent>
@@ -18,7 +19,7 @@ frmAddInCatalogue::frmAddInCatalogue(Program& program, const CatalogueKind& kind
     txtName->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
     txtYear->setMaxLength(5);
     // A longer name than a dictionary holds has a message of its own where the catalogue tests it.
-    txtDictionary->setMaxLength(kind.dictionary.lengthMessage.isEmpty() ? 50 : 255);
+    txtDictionary->setMaxLength(kind.dictionary.editorTests ? 255 : FieldLength::DictionaryName);
     udYear->setup(txtYear, 5, CountBetween(0, 9999, 4));
     udCDs->setup(txtCDs, 1, CountBetween(1, 6));
     DiscCountKeys(txtCDs);
@@ -134,7 +135,7 @@ bool frmAddInCatalogue::complain()
         txtName->setFocus();
         return true;
     }
-    if (!kind.dictionary.lengthMessage.isEmpty() && txtDictionary->text().size() > 50) {
+    if (kind.dictionary.editorTests && txtDictionary->text().size() > FieldLength::DictionaryName) {
         MsgBox(kind.dictionary.lengthMessage);
         txtDictionary->setFocus();
         return true;

@@ -172,13 +172,7 @@ void frmCatalogue::filterBy(const QString& clause)
 
 void frmCatalogue::txtName_KeyUp()
 {
-    const int caret = txtName->cursorPosition();
-    const QString clean = CleanText(txtName->text());
-    if (clean != txtName->text()) {
-        txtName->setText(clean);
-        txtName->setModified(true);
-        txtName->setCursorPosition(caret);
-    }
+    const QString clean = cleanTyped(txtName);
     if (clean.isEmpty())
         ShowWholeCatalogue();
     else
@@ -267,28 +261,12 @@ void frmCatalogue::CheckDue()
 
 void frmCatalogue::txtNumber_KeyPress()
 {
-    Routine("txtNumber_KeyPress"_L1, [&] {
-        if (txtNumber->isReadOnly()) return;
-        const int number = DiscNumber(txtNumber->text());
-        if (number == 0) return refuse(txtNumber, u"Указан не верный номер диска. Повторите ввод."_s);
-        txtNumber->setText(QString::number(number));
-        if (findNumber(number)) return dcDatabase->showRow();
-        MsgBox(u"Диск № %1 не найден."_s.arg(number));
-        txtNumber->setText(QString::number(currentNumber()));
-        txtNumber->selectAll();
-    });
+    if (!txtNumber->isReadOnly()) jumpToNumber(txtNumber, *dcDatabase);
 }
 
-/// One letter again and again walks through the names that begin with it and comes back to the first.
 void frmCatalogue::typeAhead(const QString& character)
 {
-    Routine("DBGrid_KeyPress"_L1, [&] {
-        if (!dcDatabase->hasRow()) return;
-        const QString key = character.toUpper();
-        const QString criterion = u"Название LIKE \"%1*\""_s.arg(key);
-        if (key != m_lastCharacter || !dcDatabase->FindNext(criterion)) dcDatabase->FindFirst(criterion);
-        m_lastCharacter = key;
-    });
+    Routine("DBGrid_KeyPress"_L1, [&] { m_typeAhead.typed(*dcDatabase, character); });
 }
 
 void frmCatalogue::AutoResp()

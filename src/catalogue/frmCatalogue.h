@@ -2,6 +2,7 @@
 
 #include "catalogue/CatalogueScreen.h"
 #include "catalogue/PictureBox.h"
+#include "catalogue/TypeAhead.h"
 #include "ui/Blinker.h"
 #include "ui/DBGrid.h"
 #include "ui/IconLabel.h"
@@ -123,9 +124,8 @@ private:
     qint64 currentKey() const { return dcDatabase->value(kind.key).toLong(); }
     int currentNumber() const { return dcDatabase->value(u"Номер").toInt(); }
     bool findKey(qint64 key) { return dcDatabase->FindFirst(kind.key + u" = ?"_s, {key}); }
-    bool findNumber(int number) { return dcDatabase->FindFirst(u"Номер = ?"_s, {number}); }
 
     Blinker* m_due;
-    QString m_lastCharacter;
+    TypeAhead m_typeAhead{u"Название"_s};
     qint64 m_openOn = 0;
 };

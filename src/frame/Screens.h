@@ -3,6 +3,7 @@
 #include "platform/Literals.h"
 
 #include <functional>
+#include <optional>
 
 class Form;
 
@@ -14,6 +15,13 @@ struct ListRequest {
     QString album; ///< audio only
     int discs = 1; ///< in the set
     int disc = 1;  ///< shown first
+};
+
+/// What the picker of discs gives back: one disc of the set of a catalogue row.
+struct DiscChoice {
+    qint64 key = 0; ///< of the row: numbers may be shared
+    int number = 0;
+    int disc = 1; ///< 1 to 6
 };
 
 /// Screens that subsystems open in one another. The main window implements it; the arrows between floors still point
@@ -29,4 +37,7 @@ public:
     virtual void ShowTrackList(Form& opener, const ListRequest& request) = 0;
     /// The loan dialog for one disc. `category` is "AD", "PC" or "DVD".
     virtual void ShowAddInDue(Form& opener, const QString& category, qint64 key) = 0;
+    /// The picker of discs. `mode` is "full" for all, "add" for those that can be lent or "del" for those that are out,
+    /// and the catalogue behind it: "addPC". Nothing when the user gave up.
+    virtual std::optional<DiscChoice> PickDisc(Form& opener, const QString& mode) = 0;
 };

@@ -30,7 +30,7 @@ struct Shared {
     int ShiftStart = 0;      ///< numbers from here on move up at the next save, 0 for none; MoveNumbers clears it
     QString AutoDetectTag;   ///< "ad:" and an identifier for the next new row; not cleared by the audio editor
     int OldDiscCount = 0;    ///< discs in the set before a change; set by cmdChange
-    QString PickedDisc;      ///< "number:disc" of the picker; cleared by who asked for it
+    QString PickedDisc;      ///< "number:disc", set by OK of the picker; PickDisc reads and clears it
 
     QString CurrentDiscID; ///< last identifier read for a command, or of the list at hand
     /// Categories of discs by identifier that skipcd.ini did not take, with its values: set and read by recognition, each

@@ -55,7 +55,8 @@ CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* 
       lblFindDue(make<QLabel>(u"lblFindDue"_s + endings(kind).counter)), m_overdue(new QLabel),
       imgNew(make<IconLabel>(u"imgNew"_s + endings(kind).sign)), lblNew(make<QLabel>(u"lblNew"_s + endings(kind).sign)),
       imgShare(make<IconLabel>(u"imgShare"_s + endings(kind).sign)),
-      lblShare(make<QLabel>(u"lblShare"_s + endings(kind).sign)), m_dueSign({fraFindDue, imgFindDue, lblFindDue}, this)
+      lblShare(make<LinkButton>(u"lblShare"_s + endings(kind).sign)),
+      m_dueSign({fraFindDue, imgFindDue, lblFindDue}, this)
 {
     setAccent(kind.accent);
     auto* open_ = MakeActionButton(open, {}, u"Открыть"_s);
@@ -124,19 +125,24 @@ QLayout* CatalogueCard::sign()
     imgNew->setAccent(m_kind.accent);
     imgNew->setScale(1.6);
     imgShare->setScale(1);
+    connect(lblShare, &LinkButton::clicked, this, &CatalogueCard::shareClicked);
     lblNew->setWordWrap(true);
     lblNew->setMinimumHeight(fontMetrics().lineSpacing() * 3);
     lblNew->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     lblNew->setTextFormat(Qt::PlainText);
-    for (QWidget* sign : std::initializer_list<QWidget*>{imgNew, lblNew}) {
+    // What the link is drawn with room for.
+    lblNew->setContentsMargins(LinkButton::inset(fontMetrics()), 0, 0, 0);
+    for (QWidget* sign : std::initializer_list<QWidget*>{imgNew, lblNew, lblShare}) {
         QSizePolicy policy = sign->sizePolicy();
         policy.setRetainSizeWhenHidden(true);
         sign->setSizePolicy(policy);
     }
-    auto* text = row(imgNew, lblNew);
-    text->setAlignment(imgNew, Qt::AlignTop);
-    text->setStretch(1, 1);
-    return column(text, row(imgShare, lblShare, stretch));
+    auto* both = grid({{imgNew, lblNew}, {imgShare, lblShare}});
+    both->setAlignment(imgNew, Qt::AlignTop);
+    both->setAlignment(imgShare, Qt::AlignCenter);
+    both->setAlignment(lblShare, Qt::AlignLeft); // else the column is as narrow
+    both->setVerticalSpacing(Theme::Gap / 2);
+    return both;
 }
 
 void CatalogueCard::show(const CatalogueSummary& summary)
@@ -162,6 +168,8 @@ void CatalogueCard::showSign(const DriveSign& sign, bool offersLinks)
     imgShare->setVisible(sign.linkShown && offersLinks);
     lblShare->setVisible(sign.linkShown && offersLinks);
     lblShare->setText(sign.link());
+    lblShare->setToolTip(sign.unbinds ? u"Диск больше не будет узнаваться в дисководе"_s
+                                      : u"Выбрать в каталоге диск, под номером которого узнавать этот"_s);
     applyColours();
 }
 
@@ -179,7 +187,7 @@ void CatalogueCard::applyColours()
     paint(m_overdue, danger);
     imgNew->setIcon(m_sign.numbered ? m_kind.icon : u"disc-unknown"_s);
     imgShare->setIcon(m_sign.unbinds ? u"unbind"_s : u"bind"_s, m_sign.unbinds ? danger : QColor());
-    paint(lblShare, m_sign.unbinds ? danger : shared.color(QPalette::Link));
+    lblShare->setColour(m_sign.unbinds ? danger : QColor());
 }
 
 void CatalogueCard::changeEvent(QEvent* event)

@@ -7,6 +7,7 @@
 #include "ui/Card.h"
 #include "ui/IconLabel.h"
 #include "ui/IconTile.h"
+#include "ui/LinkButton.h"
 
 #include <QLabel>
 
@@ -29,6 +30,8 @@ public:
 signals:
     /// The logo's menu is wanted at this place on the screen.
     void menuWanted(const QPoint& at);
+    /// The link that binds or unbinds the disc.
+    void shareClicked();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -52,7 +55,7 @@ private:
     IconLabel* imgNew;
     QLabel* lblNew;
     IconLabel* imgShare;
-    QLabel* lblShare;
+    LinkButton* lblShare;
     DriveSign m_sign;
     Blinker m_dueSign;
 };

@@ -111,6 +111,8 @@ void frmMain::connectAll()
         QMenu* menu = m_commands.menu(CommandsOfCatalogues()[i].logoMenu);
         connect(m_dashboard->cards()[i], &CatalogueCard::menuWanted, this,
                 [this, menu](const QPoint& at) { program.dialogs.Popup(*menu, at); });
+        connect(m_dashboard->cards()[i], &CatalogueCard::shareClicked, this,
+                [this, &kind = CommandsOfCatalogues()[i].kind] { lblShare_Click(kind); });
     }
 }
 

@@ -31,6 +31,7 @@ public:
     void ShowFileList(Form& opener, const ListRequest& request) override;
     void ShowTrackList(Form& opener, const ListRequest& request) override;
     void ShowAddInDue(Form& opener, const QString& category, qint64 key) override;
+    std::optional<DiscChoice> PickDisc(Form& opener, const QString& mode) override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -77,6 +78,13 @@ private:
     void showDrive();
     void showDrive(const DriveGlance& seen, const QString& chosen);
 
+    // Binding
+    void lblShare_Click(const CatalogueKind& kind);
+    void bindDisc(const CatalogueKind& kind, const QString& drive);
+    void unbindDisc(const CatalogueKind& kind, const QString& drive);
+    bool CheckDiskShare(const CatalogueKind& kind, const QString& id);
+    void establish(const CatalogueKind& kind, const DiscChoice& choice, const QString& id);
+
     // Commands
     using Handlers = QHash<QString, std::function<void(frmMain&)>>;
     static Handlers handlers();
@@ -85,6 +93,8 @@ private:
     void addAndRemember(const CatalogueKind& kind);
     void repeatLastAdd();
     void offerAdds();
+    void changeNumber();
+    void editDictionary(const CatalogueKind& kind);
     void changeCategory();
     void listBarClicked(const QString& group, const QString& text);
     void enableCommands();

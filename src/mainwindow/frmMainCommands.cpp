@@ -3,6 +3,9 @@
 
 #include "catalogue/Catalogues.h"
 #include "catalogue/frmAddCD.h"
+#include "catalogue/frmChangeNumber.h"
+#include "catalogue/frmEditDictionary.h"
+#include "catalogue/frmSelectCD.h"
 #include "contents/frmFileList.h"
 #include "mainwindow/QueryShortcuts.h"
 #include "recognition/DiscIdentity.h"
@@ -19,7 +22,10 @@
 
 namespace {
 /// The screens that this program has besides those of the catalogues. What leads to others is disabled.
-const QStringList builtScreens{u"frmFileList"_s, u"frmSelectCategory"_s};
+const QStringList builtScreens{
+    u"frmChangeNumber"_s, u"frmEditDescription"_s, u"frmEditGenre"_s,      u"frmEditStyle"_s,
+    u"frmFileList"_s,     u"frmSelectCD"_s,        u"frmSelectCategory"_s,
+};
 
 struct ListBarItem {
     QString text, key, icon, command;
@@ -105,7 +111,11 @@ frmMain::Handlers frmMain::handlers()
 {
     Handlers table{
         {u"ID_AddCD"_s, [](frmMain& m) { m.repeatLastAdd(); }},
+        {u"ID_Catalog_ChangeNumber"_s, [](frmMain& m) { m.changeNumber(); }},
         {u"ID_Catalog_ChangeCategory"_s, [](frmMain& m) { m.changeCategory(); }},
+        {u"ID_DB_EditStyle"_s, [](frmMain& m) { m.editDictionary(Audio()); }},
+        {u"ID_DB_EditDescription"_s, [](frmMain& m) { m.editDictionary(Computer()); }},
+        {u"ID_DB_EditGenre"_s, [](frmMain& m) { m.editDictionary(Dvd()); }},
         {u"ID_Quit"_s, [](frmMain& m) { m.close(); }},
         {u"ID_Panel"_s, [](frmMain& m) { m.showPanel(m.m_commands.action(u"ID_Panel")->isChecked()); }},
         {u"ID_Drive_Insert"_s, [](frmMain& m) { m.cmdInsert(); }},
@@ -171,6 +181,19 @@ void frmMain::offerAdds()
 {
     const QWidget* below = m_addButton->isVisible() ? static_cast<QWidget*>(m_addButton) : menuBar();
     program.dialogs.Popup(*m_commands.menu(u"ID_Catalog_AddCD"), below->mapToGlobal(QPoint(0, below->height())));
+}
+
+void frmMain::changeNumber()
+{
+    Guarded("frmMain, ID_Catalog_ChangeNumber()"_L1, [&] {
+        frmChangeNumber(program).ShowModal();
+        LoadData();
+    });
+}
+
+void frmMain::editDictionary(const CatalogueKind& kind)
+{
+    Guarded("frmMain, EditDictionary()"_L1, [&] { frmEditDictionary(program, kind).ShowModal(); });
 }
 
 void frmMain::changeCategory()
@@ -242,6 +265,11 @@ void frmMain::dropEvent(QDropEvent* event)
 }
 
 void frmMain::ShowFileList(Form& opener, const ListRequest& request) { ::ShowFileList(program, opener, request); }
+
+std::optional<DiscChoice> frmMain::PickDisc(Form& opener, const QString& mode)
+{
+    return ::PickDisc(program, mode, &opener);
+}
 
 /// Openers ask `offers` first.
 [[noreturn]] static void refuseMissing(QStringView screen)

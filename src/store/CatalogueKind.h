@@ -6,14 +6,29 @@
 #include <array>
 #include <optional>
 
+/// The screen that keeps a dictionary, and what it says: "%1" in it is a name.
+struct DictionaryScreen {
+    QString name;  ///< "frmEditStyle"
+    QString title; ///< "Стили аудио дисков"
+    QString addTitle, addPrompt;
+    QString changeTitle, changePrompt;
+    QString duplicateQuestion;
+    QString quotationMarkMessage;
+    QString deleteQuestion;
+    QString protectedFromDelete, protectedFromChange; ///< told about the empty name
+    QString inUseMessage;
+};
+
 /// The names that discs of a catalogue refer to: styles, descriptions, genres.
 struct DictionaryKind {
-    QString table;         ///< "Стиль"; the name's field is called the same
-    QString key;           ///< "КодСтиля"
-    QString lengthMessage; ///< told in the editor for more than 50 characters; empty: not tested there
-    QString caption;       ///< "Сти&ль", before boxes; its mnemonic is free on every screen
-    QString listName;      ///< control of the browser: "cmbStyle"
-    QString boxName;       ///< control of the editor: "txtStyle"
+    QString table;            ///< "Стиль"; the name's field is called the same
+    QString key;              ///< "КодСтиля"
+    QString lengthMessage;    ///< told about more than 50 characters
+    bool editorTests = false; ///< it is told in the editor of discs too, whose box otherwise takes no more
+    QString caption;          ///< "Сти&ль", before boxes; its mnemonic is free on every screen
+    QString listName;         ///< control of the browser: "cmbStyle"
+    QString boxName;          ///< control of the editor: "txtStyle"
+    DictionaryScreen screen;
 };
 
 struct SortOrder {
@@ -51,6 +66,7 @@ struct CatalogueKind {
     // Browser
     QString browser;     ///< "frmCatalogueAudioCD"
     QString title;       ///< "Каталог Аудио дисков"
+    QString pickerTitle; ///< "Выбор Аудио диска"
     QString nameCaption; ///< "Гр&уппа/Исполнитель", before boxes; its mnemonic is free on every screen
     QString mediumCaption; ///< "Аудио диск", "Компьютерный диск", "DVD диск"
     QString deleteQuestionTail;

@@ -48,7 +48,10 @@ Relation dictionaryOf(const QString& name, const QString& dictionary, const QStr
 
 TableDef dictionary(const QString& name, const QString& key)
 {
-    return {.name = name, .fields = {counter(key), textOrEmpty(name, 50)}, .primaryKey = key, .relations = {}};
+    return {.name = name,
+            .fields = {counter(key), textOrEmpty(name, FieldLength::DictionaryName)},
+            .primaryKey = key,
+            .relations = {}};
 }
 
 TableDef updates()

@@ -13,6 +13,7 @@ inline constexpr int FolderPath = 255;
 inline constexpr int FileSize = 11;
 inline constexpr int Comment = 50; ///< of a track, too
 inline constexpr int FilterEntry = 255;
+inline constexpr int DictionaryName = 50;
 }
 /// The list of one computer disc and of one audio disc, named by `id`.
 TableDef FileTable(const QString& id);

@@ -1,6 +1,7 @@
 #include "catalogue/Numbering.h"
 #include "catalogue/Covers.h"
 #include "catalogue/Given.h"
+#include "catalogue/NumberChange.h"
 #include "harness/ScreenTest.h"
 
 #include <QDir>
@@ -101,6 +102,47 @@ TEST_F(Numbering, CoversStayWhereNumbersCannotBeCommitted)
     EXPECT_EQ(start, 0);
     EXPECT_EQ(covers(), "dvd_1.box");
     EXPECT_EQ(numbers(), "1");
+}
+
+TEST_F(Numbering, ASwapThatCannotBeCommittedIsNoHalfOfOne)
+{
+    discs({1, 2});
+    cover("dvd_1.box");
+    {
+        const BlockedDatabase blocked(program.shared.MainDBPath);
+        const Database main = program.mainDatabase();
+        EXPECT_THROW(
+            SwapNumbers(program, Computer(), *DiscNumbered(main, Computer(), 1), *DiscNumbered(main, Computer(), 2)),
+            RuntimeError);
+        engine.Rollback();
+    }
+    EXPECT_EQ(numbers(), "1 2");
+    EXPECT_EQ(covers(), "dvd_1.box");
+}
+
+TEST_F(Numbering, ASwapTakesTheCoversOfDvdsAlongWhicheverOfThemThereAre)
+{
+    const std::pair<QStringList, const char*> cases[] = {
+        {{"dvd_1.box", "dvd_2.box", "pc_1.box"}, "dvd_2.box>dvd_1.box dvd_1.box>dvd_2.box pc_1.box"},
+        {{"dvd_1.box"}, "dvd_1.box>dvd_2.box"},
+        {{"dvd_2.box", "dvd_0.box"}, "dvd_0.box dvd_2.box>dvd_1.box"},
+        {{"dvd_0.box"}, "dvd_0.box"}, // left by a swap that came to a bad end
+    };
+    discs({1, 2});
+    const auto numbered = [&](int number) { return *DiscNumbered(program.mainDatabase(), Computer(), number); };
+    for (const auto& [before, after] : cases) {
+        QDir(path("box")).removeRecursively();
+        for (const QString& name : before) cover(name);
+        SwapNumbers(program, Computer(), numbered(1), numbered(2));
+        EXPECT_EQ(covers(), after);
+    }
+    EXPECT_EQ(numbers(), "1 2") << "four swaps";
+    cover("dvd_1.box");
+    SwapNumbers(program, Computer(), numbered(1), numbered(1));
+    ChangeNumber(program, Computer(), numbered(2), 5);
+    ChangeNumber(program, Computer(), numbered(1), 2);
+    EXPECT_EQ(numbers(), "2 5");
+    EXPECT_EQ(covers(), "dvd_1.box>dvd_2.box");
 }
 
 TEST_F(Numbering, WorksOnAsManyDiscsAsThereAreNumbers)

@@ -41,7 +41,8 @@ public:
     QStringList opened;
     QStringList missing; ///< screens that this program does not offer
     ListRequest lastRequest;
-    std::function<void()> meanwhile; ///< what the user does in the screen
+    std::optional<DiscChoice> picked; ///< what the user picks
+    std::function<void()> meanwhile;  ///< what the user does in the screen
 
     bool offers(QStringView screen) const override { return !missing.contains(screen); }
     void ShowFileList(Form&, const ListRequest& request) override { note(u"ShowFileList"_s, request); }
@@ -49,6 +50,11 @@ public:
     void ShowAddInDue(Form&, const QString& category, qint64 key) override
     {
         note(u"ShowAddInDue %1 %2"_s.arg(category).arg(key));
+    }
+    std::optional<DiscChoice> PickDisc(Form&, const QString& mode) override
+    {
+        note(u"PickDisc "_s + mode);
+        return picked;
     }
 
 private:

@@ -26,7 +26,7 @@ TEST_F(MainWindow, AnImagePutInIsSeenAndWatchedFromThenOn)
         EXPECT_TRUE(visible("lblNewPC"));
         EXPECT_EQ(shown("lblNewPC"), u"Диск (?)\nне привязан не к одному номеру в каталоге"_s);
         EXPECT_FALSE(visible("lblNewDVD"));
-        EXPECT_FALSE(visible("lblSharePC")) << "discs cannot be bound yet";
+        EXPECT_FALSE(visible("lblSharePC")) << "there is no disc to bind it to";
 
         co_await trigger("ID_Drive_Eject");
         co_await advance(1000);
