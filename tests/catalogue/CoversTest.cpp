@@ -103,30 +103,17 @@ TEST_F(Covers, PicturesAreKnownByTheirContentsAndBoundedByTheirHeads)
     EXPECT_EQ(loaded(lying).size(), QSize(50, 100));
 }
 
-TEST_F(Covers, AGoodCoverGoesOnlyWhenAnotherIsWhole)
+TEST_F(Covers, ReplaceWhatIsWriteProtectedAndNotWhatALinkLeadsTo)
 {
     MakeBoxFolder(program);
-    MakeBoxFolder(program);
-    const QString first = file("first", "first"), second = file("second", QByteArray(8000, 'x'));
+    const QString first = file("first", "first"), second = file("second", "second");
     ASSERT_TRUE(QFile::setPermissions(first, QFile::ReadOwner)); // as on a disc
-    StoreCover(program, u"ad_", 7, first);
-    {
-        const FileSizeLimit full(4000);
-        try {
-            StoreCover(program, u"ad_", 7, second);
-            ADD_FAILURE() << "stored on a full disk";
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.number(), 61);
-        }
-    }
-    EXPECT_EQ(cover("ad_7.box"), "first");
-    EXPECT_EQ(box(), "ad_7.box");
-    StoreCover(program, u"ad_", 7, second);
-    EXPECT_EQ(cover("ad_7.box").size(), 8000);
-    // The user's own picture behind a link is not written over.
+    for (const QString& picture : {first, second}) StoreCover(program, u"ad_", 7, picture);
+    EXPECT_EQ(cover("ad_7.box"), "second");
     ASSERT_TRUE(QFile::link(second, path("box/ad_8.box")));
     StoreCover(program, u"ad_", 8, first);
-    EXPECT_EQ(QFile(second).size(), 8000);
+    EXPECT_EQ(QFileInfo(second).size(), 6);
+    EXPECT_EQ(cover("ad_8.box"), "first");
 }
 
 TEST_F(Covers, AreChosenReplacedAndDeletedInEveryCatalogue)
@@ -265,6 +252,8 @@ TEST_F(Covers, AreReadWithoutHoldingUpWhoLeafsOnOrLeaves)
 TEST_F(Covers, AFullDiskIsToldAndOtherTroubleIsAFault)
 {
     shelf.computer(1, "Один");
+    MakeBoxFolder(program);
+    StoreCover(program, u"pc_", 1, file("old", "old"));
     const QString picture = file("red.bmp", packed(plain(300, 300), "BMP"));
     const auto change = [&](const auto& trouble) {
         play([&] { OpenCatalogue(program, Computer()); },
@@ -275,15 +264,15 @@ TEST_F(Covers, AFullDiskIsToldAndOtherTroubleIsAFault)
                  co_await click("imgButton_8");
              });
     };
-    {
-        std::optional<FileSizeLimit> full;
-        const QString fresh = path("box/pc_1.box.new");
-        change([&] {
-            full.emplace(4000);
-            expectBox(u"На диске нет места для файла '%1': освободите его и повторите."_s.arg(fresh), 48);
-        });
-    }
-    EXPECT_EQ(box(), "");
+    std::optional<FileSizeLimit> full;
+    change([&] {
+        full.emplace(4000);
+        expectBox("Заменить обложку диска № 1?", 36, Answer::Yes);
+        expectBox(u"На диске нет места для файла '%1': освободите его и повторите."_s.arg(path("box/pc_1.box.new")),
+                  48);
+    });
+    full.reset();
+    EXPECT_EQ(box() + ": " + cover("pc_1.box"), "pc_1.box: old");
     QDir(path("box")).removeRecursively();
     file("box", "a file where the folder should be");
     change([&] { expectFault("frmCataloguePCCD, cmdChangeBox()"); });
