@@ -7,6 +7,7 @@
 #include "frame/Settings.h"
 #include "frame/Text.h"
 #include "recognition/BoundDisc.h"
+#include "store/CddbServers.h"
 
 static const auto NoDrive = u"---"_s;
 static const auto NoFreeNumber = u"Свободных номеров нет!"_s;
@@ -70,6 +71,8 @@ void frmAddCD::Form_Load()
 void frmAddCD::Form_Activate()
 {
     Routine("Form_Activate"_L1, [&] {
+        cmbServer->addItems(CddbServerItems());
+        cmbServer->setCurrentIndex(ChosenCddbServer(program.settings()));
         const std::optional<int> free = FirstFreeNumber(program.mainDatabase(), kind);
         txtNumber->setText(free ? QString::number(*free) : QString());
         readDrive();
