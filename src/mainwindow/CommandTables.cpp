@@ -40,8 +40,8 @@ const QList<Command>& AllCommands()
         {u"ID_View_Toolbars_Option"_s, u"&Настройка..."_s, u"toolbar"_s, {}, u"frmToolbars"_s},
         {u"ID_Panel"_s, u"&Панель vinora"_s, u"panel"_s, {u"F9"_s}, {}, {}, true},
         // Помощь
-        {u"ID_Help_Index"_s, u"&Справка"_s, u"help"_s, {u"F1"_s}, u"vinora.chm"_s},
-        {u"ID_Help_Info"_s, u"&Информация"_s, u"info"_s, {}, u"readme.txt"_s},
+        {u"ID_Help_Index"_s, u"&Справка"_s, u"help"_s, {u"F1"_s}},
+        {u"ID_Help_Info"_s, u"&Информация"_s, u"info"_s},
         {u"ID_Help_About"_s, u"&О программе"_s, u"about"_s, {}, u"frmHelp"_s},
         // Устройство
         {u"ID_Drive_Insert"_s, u"&Вставить образ…"_s, u"image-insert"_s, {u"Ctrl+I"_s}, {}, u"Вставить образ…"_s},

@@ -18,7 +18,7 @@ struct Command {
     QString text; ///< with its mnemonic, as the menu shows it
     QString icon; ///< of Icons, may be empty
     QKeySequence shortcut = {};
-    QString needs = {};       ///< the screen, routine or file that it is nothing without, see Screens::offers
+    QString needs = {};       ///< the screen or routine that it is nothing without, see Screens::offers
     QString toolbarText = {}; ///< beside the icon on a toolbar; empty: icon alone, the text is its tooltip
     bool checkable = false;
 };

@@ -2,6 +2,7 @@
 
 #include "frame/Text.h"
 #include "frame/Version.h"
+#include "mainwindow/MenuBarKey.h"
 #include "mainwindow/QueryShortcuts.h"
 #include "mainwindow/WindowPlace.h"
 #include "mainwindow/frmCompactDB.h"
@@ -14,7 +15,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
-#include <QToolButton>
 
 namespace {
 // No window is smaller than 9100 by 6900 twips.
@@ -28,7 +28,8 @@ QString layoutPath(const Program& program) { return program.applicationFolder + 
 }
 
 frmMain::frmMain(Program& program)
-    : program(program), m_commands(this), ID_DB_DefaultCDDVDROM(new QComboBox), SSListBar(new ListBar),
+    : program(program), m_commands(this), ID_DB_DefaultCDDVDROM(new QComboBox),
+      m_toolbars(*this, m_commands, ID_DB_DefaultCDDVDROM), SSListBar(new ListBar),
       m_dashboard(new Dashboard(m_commands)), StatusBar(new StatusPanels), m_watch(program),
       tmrCheckCD(new Timer(this)), tmrNewCD(new Timer(this)), tmrTime(new Timer(this))
 {
@@ -40,7 +41,9 @@ frmMain::frmMain(Program& program)
     resize(designed);
 
     m_commands.fill(*menuBar());
-    buildToolbars();
+    m_commands.action(u"ID_Panel")->setChecked(true);
+    FocusMenuBarByF10(*this);
+    setUpDriveSelector();
     SSListBar->setObjectName(u"SSListBar"_s);
     auto* centre = row(SSListBar, m_dashboard);
     centre->setContentsMargins(0, 0, 0, 0);
@@ -48,7 +51,6 @@ frmMain::frmMain(Program& program)
     centre->setStretch(1, 1);
     setCentralWidget(panel(centre));
     setStatusBar(StatusBar);
-    m_designedToolbars = saveState();
 
     tmrCheckCD->setObjectName(u"tmrCheckCD"_s);
     tmrCheckCD->setInterval(watchPeriod);
@@ -64,36 +66,13 @@ frmMain::~frmMain()
     if (program.screens == this) program.screens = nullptr;
 }
 
-void frmMain::buildToolbars()
+void frmMain::setUpDriveSelector()
 {
     ID_DB_DefaultCDDVDROM->setObjectName(u"ID_DB_DefaultCDDVDROM"_s);
     ID_DB_DefaultCDDVDROM->setToolTip(u"CD/DVD-ROM по умолчанию"_s);
     ID_DB_DefaultCDDVDROM->setAccessibleName(u"CD/DVD-ROM по умолчанию"_s);
     ID_DB_DefaultCDDVDROM->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     ID_DB_DefaultCDDVDROM->setMinimumContentsLength(4);
-    for (const ToolbarDef& def : AllToolbars()) {
-        auto* bar = new QToolBar(def.name);
-        bar->setObjectName(def.name);
-        bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        addToolBar(bar);
-        for (const QString& id : def.entries) {
-            if (id == ID_DB_DefaultCDDVDROM->objectName())
-                bar->addWidget(ID_DB_DefaultCDDVDROM);
-            else
-                bar->addAction(m_commands.action(id));
-        }
-        if (def.toggle.isEmpty()) continue;
-        QAction* toggle = m_commands.action(def.toggle);
-        connect(toggle, &QAction::toggled, bar, &QToolBar::setVisible);
-        toggle->setChecked(true);
-    }
-
-    QAction* add = m_commands.action(u"ID_AddCD");
-    m_addButton = qobject_cast<QToolButton*>(findChild<QToolBar*>(u"Каталоги"_s)->widgetForAction(add));
-    m_addButton->setMenu(m_commands.menu(u"ID_Catalog_AddCD"));
-    m_addButton->setPopupMode(QToolButton::MenuButtonPopup);
-    addAction(add); // its keys also while that toolbar is hidden
-    m_commands.action(u"ID_Panel")->setChecked(true);
 }
 
 void frmMain::connectAll()
@@ -106,7 +85,7 @@ void frmMain::connectAll()
     connect(tmrTime, &Timer::tick, this, &frmMain::tmrTime_Timer);
     connect(ID_DB_DefaultCDDVDROM, &QComboBox::activated, this, &frmMain::defaultDriveChanged);
     connect(m_dashboard, &Dashboard::panelToggled, this, [this] { m_commands.action(u"ID_Panel")->trigger(); });
-    connect(m_commands.menu(u"ID_View_Toolbars"), &QMenu::aboutToShow, this, &frmMain::tickToolbars);
+    connect(m_commands.menu(u"ID_View_Toolbars"), &QMenu::aboutToShow, this, [this] { m_toolbars.tick(); });
     for (size_t i = 0; i < CommandsOfCatalogues().size(); ++i) {
         QMenu* menu = m_commands.menu(CommandsOfCatalogues()[i].logoMenu);
         connect(m_dashboard->cards()[i], &CatalogueCard::menuWanted, this,
@@ -121,7 +100,7 @@ void frmMain::Load()
     Guarded("frmMain, Form_Load()"_L1, [&] {
         LoadWinPos(*this, program.settings());
         const auto layout = LoadToolbarLayout(layoutPath(program));
-        if (layout) restoreToolbars(*layout);
+        if (layout) m_toolbars.restore(layout->toolbars);
         StatusBar->setMode(u"База данных - локальная"_s);
         StatusBar->setClock(FormatDate(program.clock.today(), u"d MMMM (dddd)"_s));
         initUser();
@@ -139,21 +118,6 @@ void frmMain::Load()
 
 void frmMain::initUser() { setWindowTitle(ProgramTitle(program.version)); }
 
-void frmMain::restoreToolbars(const ToolbarLayout& layout)
-{
-    if (!restoreState(layout.toolbars)) restoreState(m_designedToolbars);
-    for (const ToolbarDef& def : AllToolbars())
-        if (def.toggle.isEmpty()) findChild<QToolBar*>(def.name)->show();
-    tickToolbars();
-}
-
-void frmMain::tickToolbars()
-{
-    for (const ToolbarDef& def : AllToolbars())
-        if (QAction* toggle = m_commands.action(def.toggle))
-            toggle->setChecked(!findChild<QToolBar*>(def.name)->isHidden());
-}
-
 void frmMain::LoadToolbars(const std::optional<ToolbarLayout>& layout)
 {
     if (layout) {
@@ -165,7 +129,7 @@ void frmMain::LoadToolbars(const std::optional<ToolbarLayout>& layout)
 
 void frmMain::SaveToolbars()
 {
-    SaveToolbarLayout(layoutPath(program), {.toolbars = saveState(),
+    SaveToolbarLayout(layoutPath(program), {.toolbars = m_toolbars.places(),
                                             .panel = m_commands.action(u"ID_Panel")->isChecked(),
                                             .foldedGroups = SSListBar->foldedGroups()});
 }

@@ -4,7 +4,7 @@
 #include "mainwindow/Commands.h"
 #include "mainwindow/Dashboard.h"
 #include "mainwindow/StatusPanels.h"
-#include "mainwindow/ToolbarLayout.h"
+#include "mainwindow/Toolbars.h"
 #include "recognition/DriveWatch.h"
 #include "ui/ListBar.h"
 #include "ui/Timer.h"
@@ -45,13 +45,11 @@ private:
     void Guarded(QLatin1StringView place, const std::function<void()>& routine) { ::Guarded(program, place, routine); }
 
     // Window
-    void buildToolbars();
+    void setUpDriveSelector();
     void connectAll();
     void initUser();
-    void restoreToolbars(const ToolbarLayout& layout);
     void LoadToolbars(const std::optional<ToolbarLayout>& layout);
     void SaveToolbars();
-    void tickToolbars();
     void AddListbars();
     void loadShortcuts();
     void showPanel(bool shown);
@@ -96,12 +94,16 @@ private:
     void changeNumber();
     void editDictionary(const CatalogueKind& kind);
     void changeCategory();
+    void showOptions();
+    void showToolbarOptions();
+    void showAbout();
     void listBarClicked(const QString& group, const QString& text);
     void enableCommands();
 
     Program& program;
     Commands m_commands;
     QComboBox* ID_DB_DefaultCDDVDROM;
+    Toolbars m_toolbars;
     ListBar* SSListBar;
     Dashboard* m_dashboard;
     StatusPanels* StatusBar;
@@ -109,8 +111,6 @@ private:
     Timer* tmrCheckCD;
     Timer* tmrNewCD;
     Timer* tmrTime;
-    QToolButton* m_addButton = nullptr;
-    QByteArray m_designedToolbars;
     DriveSigns m_painted;
     bool m_showTime = false;
 };

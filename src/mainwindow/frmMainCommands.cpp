@@ -7,6 +7,7 @@
 #include "catalogue/frmEditDictionary.h"
 #include "catalogue/frmSelectCD.h"
 #include "contents/frmFileList.h"
+#include "mainwindow/HelpCommands.h"
 #include "mainwindow/QueryShortcuts.h"
 #include "recognition/DiscIdentity.h"
 #include "recognition/DiscImages.h"
@@ -17,14 +18,12 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QToolBar>
-#include <QToolButton>
 
 namespace {
 /// The screens that this program has besides those of the catalogues. What leads to others is disabled.
 const QStringList builtScreens{
-    u"frmChangeNumber"_s, u"frmEditDescription"_s, u"frmEditGenre"_s,      u"frmEditStyle"_s,
-    u"frmFileList"_s,     u"frmSelectCD"_s,        u"frmSelectCategory"_s,
+    u"frmChangeNumber"_s, u"frmEditDescription"_s, u"frmEditGenre"_s, u"frmEditStyle"_s,      u"frmFileList"_s,
+    u"frmHelp"_s,         u"frmOption"_s,          u"frmSelectCD"_s,  u"frmSelectCategory"_s, u"frmToolbars"_s,
 };
 
 struct ListBarItem {
@@ -118,6 +117,11 @@ frmMain::Handlers frmMain::handlers()
         {u"ID_DB_EditGenre"_s, [](frmMain& m) { m.editDictionary(Dvd()); }},
         {u"ID_Quit"_s, [](frmMain& m) { m.close(); }},
         {u"ID_Panel"_s, [](frmMain& m) { m.showPanel(m.m_commands.action(u"ID_Panel")->isChecked()); }},
+        {u"ID_DB_Option"_s, [](frmMain& m) { m.showOptions(); }},
+        {u"ID_View_Toolbars_Option"_s, [](frmMain& m) { m.showToolbarOptions(); }},
+        {u"ID_Help_Index"_s, [](frmMain& m) { ShowHelp(m.program); }},
+        {u"ID_Help_Info"_s, [](frmMain& m) { ShowReadme(m.program); }},
+        {u"ID_Help_About"_s, [](frmMain& m) { m.showAbout(); }},
         {u"ID_Drive_Insert"_s, [](frmMain& m) { m.cmdInsert(); }},
         {u"ID_Drive_Eject"_s, [](frmMain& m) { m.cmdEject(); }},
     };
@@ -179,7 +183,8 @@ void frmMain::repeatLastAdd()
 
 void frmMain::offerAdds()
 {
-    const QWidget* below = m_addButton->isVisible() ? static_cast<QWidget*>(m_addButton) : menuBar();
+    const QWidget* button = m_toolbars.addButton();
+    const QWidget* below = button ? button : menuBar();
     program.dialogs.Popup(*m_commands.menu(u"ID_Catalog_AddCD"), below->mapToGlobal(QPoint(0, below->height())));
 }
 

@@ -63,7 +63,11 @@ TEST_F(WindowKeeping, ALayoutFileThatIsCutOrDamagedAnywhereCountsAsMissing)
 {
     const QString path = folder.filePath(u"vinora.atb"_s);
     EXPECT_FALSE(LoadToolbarLayout(path));
-    const ToolbarLayout layout{.toolbars = QByteArray(200, 'x'), .panel = false, .foldedGroups = {u"g2"_s, u"g4"_s}};
+    const ToolbarLayout layout{
+        .toolbars = {{.name = u"Каталоги"_s, .area = Qt::LeftToolBarArea, .tools = {u"ID_Quit"_s}},
+                     {.name = u"Должники"_s, .newLine = true, .visible = false}},
+        .panel = false,
+        .foldedGroups = {u"g2"_s, u"g4"_s}};
     ASSERT_TRUE(SaveToolbarLayout(path, layout));
     EXPECT_EQ(LoadToolbarLayout(path), layout);
 
@@ -85,6 +89,25 @@ TEST_F(WindowKeeping, ALayoutFileThatIsCutOrDamagedAnywhereCountsAsMissing)
         changed.write(damaged);
         changed.close();
         EXPECT_FALSE(LoadToolbarLayout(path)) << at;
+    }
+}
+
+TEST_F(WindowKeeping, ALayoutFileThatAnnouncesTooMuchOrAnUnknownPlaceCountsAsMissing)
+{
+    const QString path = folder.filePath(u"vinora.atb"_s);
+    ToolbarLayout layout{.toolbars = QList<ToolbarPlace>(1)};
+    layout.toolbars[0].tools = QStringList(64, u"x"_s);
+    ASSERT_TRUE(SaveToolbarLayout(path, layout));
+    EXPECT_TRUE(LoadToolbarLayout(path));
+    for (const auto& spoil :
+         {+[](ToolbarLayout& l) { l.toolbars[0].tools += u"x"_s; }, +[](ToolbarLayout& l) { l.toolbars.resize(65); },
+          +[](ToolbarLayout& l) { l.foldedGroups.resize(65); },
+          +[](ToolbarLayout& l) { l.foldedGroups += QString(1 << 16, u'x'); },
+          +[](ToolbarLayout& l) { l.toolbars[0].area = Qt::NoToolBarArea; }}) {
+        ToolbarLayout spoiled = layout;
+        spoil(spoiled);
+        ASSERT_TRUE(SaveToolbarLayout(path, spoiled));
+        EXPECT_FALSE(LoadToolbarLayout(path));
     }
 }
 
