@@ -18,6 +18,13 @@ void FolderModel::setNodes(const QList<FolderNode>& nodes)
 
 QModelIndex FolderModel::indexOf(int node) const { return createIndex(m_rows[node], 0, quintptr(node)); }
 
+int FolderModel::find(const QString& path) const
+{
+    for (int node = 0; node < m_nodes.size(); ++node)
+        if (FolderPathOf(m_nodes, node) == path) return node;
+    return -1;
+}
+
 QModelIndex FolderModel::index(int row, int column, const QModelIndex& parent) const
 {
     const QList<int>& siblings = children(nodeAt(parent));

@@ -12,6 +12,8 @@ public:
     void setNodes(const QList<FolderNode>& nodes);
     const QList<FolderNode>& nodes() const { return m_nodes; }
     QModelIndex indexOf(int node) const;
+    /// The node that stands for a folder path, -1 without one.
+    int find(const QString& path) const;
     /// -1 for an invalid index.
     int nodeAt(const QModelIndex& index) const { return index.isValid() ? int(index.internalId()) : -1; }
     QString pathAt(const QModelIndex& index) const { return FolderPathOf(m_nodes, nodeAt(index)); }

@@ -110,7 +110,27 @@ void frmFileList::Form_Load()
         }
         cmbCountCD_Click();
         focusList();
+        if (request.place) showPlace(*request.place);
     });
+}
+
+/// Now that the window has its size.
+void frmFileList::Form_Activate()
+{
+    trView->scrollTo(trView->currentIndex());
+    lvFiles->scrollTo(lvFiles->currentIndex());
+}
+
+void frmFileList::showPlace(const ListPlace& place)
+{
+    const int node = tree.find(place.folder);
+    if (trView->isHidden() || node < 0) return;
+    trView->setCurrentIndex(tree.indexOf(node));
+    const int file = place.name.isEmpty() ? -1 : lvFiles->find(place.name);
+    if (file < 0) return;
+    lvFiles->setCurrentRow(file);
+    lvFiles->setBold(file, true);
+    lvFiles->setFocus();
 }
 
 /// What the user wants first: the list, or what makes one.

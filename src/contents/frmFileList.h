@@ -36,6 +36,7 @@ public:
 
 protected:
     void Form_Load() override;
+    void Form_Activate() override;
 
 private:
     void cmbCountCD_Click();
@@ -53,6 +54,8 @@ private:
     void FillFileList(const QString& folder);
     void ShowListVolume();
     void showList();
+    /// The folder and the file that the opener asked for, the file in bold; the first folder when they are gone.
+    void showPlace(const ListPlace& place);
     void focusList();
     void showTree(bool shown);
     void moveDivider(int step);

@@ -7,6 +7,12 @@
 
 class Form;
 
+/// A row of a list that is shown when the list opens.
+struct ListPlace {
+    QString folder = {}; ///< "\\DIR\\SUB\\", files only
+    QString name = {};   ///< of the file, or the track's title; empty: the folder itself
+};
+
 /// What the file browser or the track screen is opened on.
 struct ListRequest {
     qint64 key = 0; ///< of the catalogue row
@@ -15,6 +21,7 @@ struct ListRequest {
     QString album; ///< audio only
     int discs = 1; ///< in the set
     int disc = 1;  ///< shown first
+    std::optional<ListPlace> place = {};
 };
 
 /// What the picker of discs gives back: one disc of the set of a catalogue row.

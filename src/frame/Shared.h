@@ -23,6 +23,8 @@ struct Shared {
     /// "cddb:1", "fullAD"). Set by the opener or the screen's own filters; the screen that reads it clears it.
     QString CatalogueQueryFilter;
 
+    bool OpenedFromSearch = false; ///< the search screen is open: set and cleared by it
+
     bool DialogDone = false;    ///< set by a dialog that did its work; the opener reads and clears it
     bool DueDateChange = false; ///< puts the loan dialog into changing a term; set and cleared by the loan list
 

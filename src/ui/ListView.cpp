@@ -3,6 +3,7 @@
 #include "dao/Collation.h"
 #include "ui/ColumnWidths.h"
 #include "ui/RowModel.h"
+#include "ui/Theme.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -76,6 +77,7 @@ protected:
         case Qt::CheckStateRole:
             return checkable && column == 0 ? QVariant(r.checked ? Qt::Checked : Qt::Unchecked) : QVariant();
         case Qt::UserRole: return r.data;
+        case Qt::FontRole: return r.bold ? QVariant(Theme::heading(m_view->font())) : QVariant();
         default: return {};
         }
     }
@@ -211,6 +213,13 @@ void ListView::setData(int row, const QVariant& data)
 {
     if (row < 0 || row >= rowCount()) return;
     m_model->rowList[row].data = data;
+    m_model->changed(row);
+}
+
+void ListView::setBold(int row, bool bold)
+{
+    if (row < 0 || row >= rowCount()) return;
+    m_model->rowList[row].bold = bold;
     m_model->changed(row);
 }
 

@@ -21,6 +21,7 @@ public:
         QIcon icon = {};
         QVariant data = {}; ///< the owner's: a key, a path
         bool checked = false;
+        bool bold = false;
     };
     using Comparer = std::function<int(const QString&, const QString&)>;
 
@@ -45,6 +46,7 @@ public:
     QString text(int row, int column = 0) const { return this->row(row).texts.value(column); }
     void setText(int row, int column, const QString& text);
     void setData(int row, const QVariant& data);
+    void setBold(int row, bool bold);
     /// The first row with this text in this column.
     int find(const QString& text, int column = 0) const;
     int findData(const QVariant& data) const;

@@ -263,3 +263,24 @@ TEST_F(FileList, ALargeFileIsCopiedInSightAndMayBeStopped)
         EXPECT_EQ(desktop.opened.size(), 2);
     });
 }
+
+TEST_F(FileList, OpensAtTheFileOrFolderThatItsOpenerFound)
+{
+    listed();
+    const auto openAt = [&](const ListPlace& place, const QString& control, const QString& folder,
+                            const QString& file) {
+        request.place = place;
+        browse([&]() -> Script {
+            EXPECT_EQ(focus(), control);
+            EXPECT_EQ(current("trView") + ' ' + current("lvFiles"), folder + ' ' + file);
+            const QModelIndex current = this->control<ListView>("lvFiles").currentIndex();
+            EXPECT_EQ(current.data(Qt::FontRole).isValid(), control == "lvFiles");
+            co_return;
+        });
+    };
+    openAt({"\\Docs\\Img\\", "a.gif"}, "lvFiles", "Img", "a.gif | 7,0");
+    openAt({"\\", "setup.exe"}, "lvFiles", "...", "setup.exe | 1 000,0");
+    openAt({"\\Docs\\", ""}, "trView", "Docs", "manual.htm | 2,0");
+    openAt({"\\Docs\\", "gone"}, "trView", "Docs", "manual.htm | 2,0");
+    openAt({"\\gone\\", "a.gif"}, "trView", "...", "readme.txt | 12,5");
+}
