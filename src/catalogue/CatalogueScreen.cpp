@@ -1,6 +1,8 @@
 #include "catalogue/CatalogueScreen.h"
 
+#include "frame/Settings.h"
 #include "frame/Text.h"
+#include "recognition/DiscIdentity.h"
 #include "ui/IconLabel.h"
 #include "ui/Theme.h"
 
@@ -47,4 +49,16 @@ void CatalogueScreen::jumpToNumber(QLineEdit* box, DataControl& list)
         box->setText(list.value(u"Номер").text());
         box->selectAll();
     });
+}
+
+bool CatalogueScreen::loadDrives(QComboBox* drives) const
+{
+    for (const QChar letter : GetCDDrives(program)) drives->addItem(letter + u":\\"_s);
+    if (drives->count() > 0) {
+        drives->setCurrentIndex(qMax(0, drives->findText(DefaultDrive(program))));
+        return true;
+    }
+    drives->addItem(u"---"_s);
+    drives->setEnabled(false);
+    return false;
 }

@@ -4,6 +4,8 @@
 #include "store/CatalogueKind.h"
 #include "ui/DataControl.h"
 
+#include <QComboBox>
+
 /// A screen that works on one catalogue, `kind`.
 class CatalogueScreen : public Screen {
 public:
@@ -21,6 +23,9 @@ protected:
     QWidget* sign() const;
     /// The top of a dialog: the sign and, as its heading, the caption that says what is done.
     QBoxLayout* head(QLabel* caption) const;
+    /// Fills a list with the drives, the default one or else the first chosen. False without drives: it shows "---" then and
+    /// is disabled.
+    bool loadDrives(QComboBox* drives) const;
 
     /// What was typed in a box of free text, which then holds it cleaned: see CleanText.
     static QString cleanTyped(QLineEdit* box);

@@ -1,6 +1,10 @@
 #include "catalogue/Catalogues.h"
 
+#include "catalogue/frmAddInCatalogueAudio.h"
+#include "catalogue/frmAddInCatalogueDVD.h"
 #include "catalogue/frmAddInCataloguePC.h"
+#include "catalogue/frmCatalogueAudioCD.h"
+#include "catalogue/frmCatalogueDVD.h"
 #include "catalogue/frmCataloguePCCD.h"
 
 namespace {
@@ -17,7 +21,9 @@ template<class Base, class Form> std::unique_ptr<Base> make(Program& program)
 }
 
 constexpr Forms allForms[] = {
+    {Audio, make<frmCatalogue, frmCatalogueAudioCD>, make<frmAddInCatalogue, frmAddInCatalogueAudio>},
     {Computer, make<frmCatalogue, frmCataloguePCCD>, make<frmAddInCatalogue, frmAddInCataloguePC>},
+    {Dvd, make<frmCatalogue, frmCatalogueDVD>, make<frmAddInCatalogue, frmAddInCatalogueDVD>},
 };
 
 const Forms* formsOf(const CatalogueKind& kind)

@@ -68,3 +68,10 @@ UpDown::Step CountBetween(int low, int high, int digits)
         return u"%1"_s.arg(qMax(low, int(number) + direction), digits, 10, QChar(u'0'));
     };
 }
+
+QString CountTime(const QString& text, int direction)
+{
+    const auto counter = [&](int part) { return BoundedInt(Val(text.section(u':', part, part)), 0, 99); };
+    const int both = qBound(0, counter(0) * 100 + counter(1) + direction, 9999);
+    return u"%1:%2"_s.arg(both / 100, 2, 10, QChar(u'0')).arg(both % 100, 2, 10, QChar(u'0'));
+}

@@ -31,3 +31,7 @@ private:
 /// Counts a whole number up while it is below `high` and down while it is above `low`, written with at least `digits`
 /// digits. A text that is no number counts as 0.
 UpDown::Step CountBetween(int low, int high, int digits = 1);
+
+/// Counts a playing time, "mm:ss", up and down as two plain counters of two digits: the seconds run to 99, and only then
+/// the minutes follow.
+QString CountTime(const QString& text, int direction);

@@ -9,7 +9,6 @@
 #include "recognition/BoundDisc.h"
 #include "store/CddbServers.h"
 
-static const auto NoDrive = u"---"_s;
 static const auto NoFreeNumber = u"Свободных номеров нет!"_s;
 
 frmAddCD::frmAddCD(Program& program, const CatalogueKind& kind)
@@ -57,14 +56,7 @@ void frmAddCD::Form_Load()
 {
     Routine("Form_Load"_L1, [&] {
         setVisibleByTag(MyGroup, kind.titleSources);
-        for (const QChar letter : GetCDDrives(program)) cmbDrive->addItem(letter + u":\\"_s);
-        if (cmbDrive->count() == 0) {
-            cmbDrive->addItem(NoDrive);
-            cmbDrive->setEnabled(false);
-            MsgBox(u"Устройство для чтения компакт-дисков не найдено!"_s);
-            return;
-        }
-        cmbDrive->setCurrentIndex(qMax(0, cmbDrive->findText(DefaultDrive(program))));
+        if (!loadDrives(cmbDrive)) MsgBox(u"Устройство для чтения компакт-дисков не найдено!"_s);
     });
 }
 
@@ -88,7 +80,7 @@ void frmAddCD::Form_Activate()
     });
 }
 
-bool frmAddCD::hasDrive() const { return cmbDrive->currentText() != NoDrive; }
+bool frmAddCD::hasDrive() const { return cmbDrive->isEnabled(); }
 
 void frmAddCD::refuseDetection()
 {

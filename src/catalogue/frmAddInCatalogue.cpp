@@ -7,6 +7,7 @@
 #include "store/Schema.h"
 #include "ui/Theme.h"
 
+#include <QComboBox>
 #include <QKeyEvent>
 
 frmAddInCatalogue::frmAddInCatalogue(Program& program, const CatalogueKind& kind)
@@ -17,10 +18,11 @@ frmAddInCatalogue::frmAddInCatalogue(Program& program, const CatalogueKind& kind
     m_dictionary = completion(txtDictionary);
     txtName->setMaxLength(60);
     txtName->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
-    txtYear->setMaxLength(5);
+    txtYear->setMaxLength(4);
     // A longer name than a dictionary holds has a message of its own where the catalogue tests it.
     txtDictionary->setMaxLength(kind.dictionary.editorTests ? 255 : FieldLength::DictionaryName);
-    udYear->setup(txtYear, 5, CountBetween(0, 9999, 4));
+    udYear->setup(txtYear, 4, CountBetween(0, 9999, 4));
+    DigitKeys(txtYear);
     udCDs->setup(txtCDs, 1, CountBetween(1, 6));
     DiscCountKeys(txtCDs);
     lblNumber->setFont(Theme::heading(font()));
@@ -61,22 +63,30 @@ void frmAddInCatalogue::build(const OwnFields& own)
     setLayout(column(top, fields, own.below, row(stretch, imgButton[0], imgButton[1])));
 }
 
-void frmAddInCatalogue::moveOnByEnter(const QList<QLineEdit*>& boxes)
+void frmAddInCatalogue::moveOnByEnter(const QList<QWidget*>& order)
 {
-    for (qsizetype i = 0; i + 1 < boxes.size(); ++i)
-        connect(boxes[i], &QLineEdit::returnPressed, this, [next = boxes[i + 1]] {
-            next->setFocus();
-            next->selectAll();
-        });
-    connect(boxes.back(), &QLineEdit::returnPressed, this, [this] { cmdAdd(); });
+    m_order = order;
+    for (QWidget* control : order)
+        if (auto* box = qobject_cast<QLineEdit*>(control))
+            connect(box, &QLineEdit::returnPressed, this, [this, box] { moveOn(box); });
 }
 
-/// OK is the default button for the eye: Enter in a box moves on.
+void frmAddInCatalogue::moveOn(QWidget* from)
+{
+    const qsizetype place = m_order.indexOf(from);
+    if (place + 1 == m_order.size()) return cmdAdd();
+    QWidget* next = m_order[place + 1];
+    next->setFocus();
+    if (auto* box = qobject_cast<QLineEdit*>(next)) box->selectAll();
+}
+
+/// OK is the default button for the eye: Enter in a control moves on.
 void frmAddInCatalogue::keyPressEvent(QKeyEvent* event)
 {
+    QWidget* focus = focusWidget();
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && !qobject_cast<QPushButton*>(focusWidget())) return;
-    CatalogueScreen::keyPressEvent(event);
+    if (!enter || qobject_cast<QPushButton*>(focus)) return CatalogueScreen::keyPressEvent(event);
+    if (qobject_cast<QComboBox*>(focus) && m_order.contains(focus)) moveOn(focus);
 }
 
 void frmAddInCatalogue::Form_Load()
@@ -122,7 +132,7 @@ int frmAddInCatalogue::discs() const { return txtCDs->text().toInt(); }
 
 void frmAddInCatalogue::txtCDs_Change()
 {
-    if (discs() >= 1 && discs() <= 6) return;
+    if (discs() >= 1 && discs() <= 6) return discsChanged();
     txtCDs->setText(u"1"_s);
     txtCDs->selectAll();
 }

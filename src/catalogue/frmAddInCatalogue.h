@@ -43,10 +43,12 @@ protected:
     void build(const OwnFields& own);
     /// The box completes from the titles of the catalogue and is cleaned when the disc is saved, as txtName is.
     void completeTitles(QLineEdit* box);
-    /// Enter goes from box to box, in the order of the picture; in the last one it is OK.
-    void moveOnByEnter(const QList<QLineEdit*>& boxes);
+    /// Enter goes from control to control, in the order of the picture; in the last one it is OK. Line boxes and lists.
+    void moveOnByEnter(const QList<QWidget*>& order);
     bool adding() const { return lblCDsCount0->text() == kind.addCaption; }
     int discs() const;
+    /// The count of discs is another one, or the same again.
+    virtual void discsChanged() {}
 
     virtual void showExtras(const QHash<QString, Value>& extra) = 0;
     virtual QHash<QString, Value> extras() const = 0;
@@ -58,6 +60,7 @@ private:
     void cmdAdd();
     bool complain();
     bool shiftNumbers();
+    void moveOn(QWidget* from);
     void txtCDs_Change();
     PrefixCompletion* completion(QLineEdit* box);
 
@@ -67,4 +70,5 @@ private:
     PrefixCompletion* m_dictionary = nullptr;
     QList<PrefixCompletion*> m_titles;
     QList<QLineEdit*> m_freeTexts; ///< boxes that are cleaned
+    QList<QWidget*> m_order;       ///< of Enter
 };

@@ -1,22 +1,10 @@
 #include "catalogue/frmAddInCataloguePC.h"
 
-/// Takes what no longer fits away from before the caret.
-static void limit(QPlainTextEdit* box, int characters)
-{
-    QObject::connect(box, &QPlainTextEdit::textChanged, box, [=] {
-        const int excess = int(box->toPlainText().size()) - characters;
-        if (excess <= 0) return;
-        QTextCursor caret = box->textCursor();
-        if (caret.position() < excess) caret.setPosition(characters + excess);
-        caret.setPosition(caret.position() - excess, QTextCursor::KeepAnchor);
-        caret.removeSelectedText();
-    });
-}
+#include "catalogue/LongText.h"
 
 frmAddInCataloguePC::frmAddInCataloguePC(Program& program) : frmAddInCatalogue(program, Computer())
 {
-    limit(txtDescription2, 255);
-    txtDescription2->setTabChangesFocus(true);
+    LimitText(txtDescription2, 255);
     build({.below = column(label(u"&Расширенное описание:"_s, txtDescription2), txtDescription2)});
     moveOnByEnter({txtName, txtYear, txtCDs, txtDictionary});
 }

@@ -114,7 +114,7 @@ void frmCatalogue::Form_Load()
 void frmCatalogue::Form_Activate()
 {
     if (!external()) AutoResp();
-    if (m_openOn > 0) findKey(m_openOn); // who asked for a disc sees that one
+    if (m_openOn > 0 && currentKey() != m_openOn) findKey(m_openOn); // who asked for a disc sees that one
     dbGrid->setFocus();
 }
 
@@ -236,7 +236,11 @@ void frmCatalogue::showNoRow()
         if (imgButton[std::size_t(button)]) allow(button, false);
     emptied();
     // An empty catalogue leaves nothing to search in; an empty result leaves the filters to be changed.
-    setEnabledByTag(MyGroup, !program.shared.CatalogueQueryFilter.isEmpty());
+    const bool filtered = !program.shared.CatalogueQueryFilter.isEmpty();
+    setEnabledByTag(MyGroup, filtered);
+    dbGrid->setEmptyText(filtered     ? u"Ничего не найдено"_s
+                         : external() ? u"В каталоге нет дисков"_s
+                                      : u"В каталоге пока нет дисков.\nНажмите «Добавить», чтобы внести первый."_s);
     TabStrip->setCurrentIndex(0);
     TabStrip->setTabText(1, {});
     TabStrip->setEnabled(false);

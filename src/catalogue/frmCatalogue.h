@@ -53,8 +53,15 @@ public:
     std::array<ImageButton*, 10> imgButton{};
 
 protected:
-    /// The form's picture; `extras` stand below the common details.
-    void build(QLayout* extras);
+    /// What a catalogue has beside the common details; null where it has nothing.
+    struct OwnFields {
+        QWidget *titleCaption = nullptr, *title = nullptr; ///< a row behind the title
+        QWidget* countsCaption = nullptr;                  ///< a row behind the dictionary
+        QLayout* counts = nullptr;
+        QLayout* below = nullptr; ///< all common details
+    };
+    /// The form's picture.
+    void build(const OwnFields& own);
     /// The current row is another one; also after each refresh, and not without a row.
     virtual void rowShown() {}
     /// There is no row.
@@ -67,6 +74,8 @@ protected:
     /// Shows the discs that satisfy `clause`, "AND …", instead of whatever filter was there.
     void filterBy(const QString& clause);
 
+    /// The one on view.
+    Database database() const;
     DataControl* const dcDatabase;
 
     void Form_Load() override;
@@ -78,7 +87,7 @@ private:
     void connectControls();
     QLayout* toolbar();
     QLayout* listSide();
-    QLayout* detailSide(QLayout* extras);
+    QLayout* detailSide(const OwnFields& own);
 
     // Rows
     void cmbSorted_Click();
@@ -119,7 +128,6 @@ private:
     void unlessDiskIsFull(const std::function<void()>& body);
 
     void allow(int button, bool allowed);
-    Database database() const;
     bool external() const { return program.shared.ExternalDBOpen; }
     qint64 currentKey() const { return dcDatabase->value(kind.key).toLong(); }
     int currentNumber() const { return dcDatabase->value(u"Номер").toInt(); }

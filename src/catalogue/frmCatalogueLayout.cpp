@@ -18,7 +18,7 @@ QLayout* frmCatalogue::listSide()
     return column(row(lblSorted, cmbSorted, chSortedDESC, stretch), dbGrid, row(lblCDsCount0, lblCDsCount1, stretch));
 }
 
-QLayout* frmCatalogue::detailSide(QLayout* extras)
+QLayout* frmCatalogue::detailSide(const OwnFields& own)
 {
     auto* first = row(txtNumber, label(u"&Год"_s, txtYear), txtYear, label(u"&Дисков"_s, txtCDs), txtCDs);
     first->setStretchFactor(txtNumber, 3);
@@ -28,10 +28,12 @@ QLayout* frmCatalogue::detailSide(QLayout* extras)
     auto* common = grid({
         {label(u"Но&мер"_s, txtNumber), first},
         {label(kind.nameCaption + u" [запрос]"_s, txtName), txtName},
+        {own.titleCaption, own.title},
         {label(kind.dictionary.caption + u" [запрос]"_s, cmbDictionary), cmbDictionary},
+        {own.countsCaption, own.counts},
         {label(u"До&бавлен"_s, txtDateAdd), dates},
     });
-    fraMain[0]->setLayout(column(common, extras));
+    fraMain[0]->setLayout(own.below ? column(common, own.below) : column(common, stretch));
     const auto cover = std::size_t(kind.coverButton);
     fraMain[1]->setLayout(column(imgBox, row(stretch, imgButton[cover], imgButton[cover + 1])));
     TabStrip->addTab(u"Сведения"_s);
@@ -43,12 +45,12 @@ QLayout* frmCatalogue::detailSide(QLayout* extras)
     return column(TabStrip, stack(fraMain[0], fraMain[1]), row(imgDue, lblDue, stretch));
 }
 
-void frmCatalogue::build(QLayout* extras)
+void frmCatalogue::build(const OwnFields& own)
 {
     auto* sides = row();
     sides->setSpacing(Theme::Between);
     sides->addLayout(listSide(), 1);
-    sides->addLayout(detailSide(extras), 1);
+    sides->addLayout(detailSide(own), 1);
     auto* all = column(toolbar(), sides);
     all->setSpacing(Theme::Between);
     setLayout(all);

@@ -6,5 +6,5 @@ frmCataloguePCCD::frmCataloguePCCD(Program& program) : frmCatalogue(program, Com
     txtDescription2->setTabChangesFocus(true);
     setTag({txtDescription2}, MyGroup);
     dcDatabase->bind(txtDescription2, u"РасОписание"_s);
-    build(column(label(u"&Расширенное описание:"_s, txtDescription2), txtDescription2));
+    build({.below = column(label(u"&Расширенное описание:"_s, txtDescription2), txtDescription2)});
 }

@@ -71,6 +71,8 @@ int DiscNumber(const QString& text)
 
 void DigitKeys(QLineEdit* box) { new CharacterFilter(box, u"0123456789"); }
 
+void TimeKeys(QLineEdit* box) { new CharacterFilter(box, u"0123456789:"); }
+
 void DiscCountKeys(QLineEdit* box)
 {
     box->setMaxLength(1);

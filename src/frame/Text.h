@@ -23,5 +23,7 @@ QString FormatNumber(double number, int decimals, bool grouped);
 int DiscNumber(const QString& text);
 /// Lets only digits into the box, by keyboard, pasting and input method alike (`DigitKeys`).
 void DigitKeys(QLineEdit* box);
+/// Lets only digits and colons into the box.
+void TimeKeys(QLineEdit* box);
 /// Lets only one digit 1 to 6 into the box (`DiscCountKeys`).
 void DiscCountKeys(QLineEdit* box);

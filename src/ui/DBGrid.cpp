@@ -2,10 +2,12 @@
 
 #include "ui/ColumnWidths.h"
 #include "ui/RowModel.h"
+#include "ui/Theme.h"
 
 #include <QCache>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 
 /// The rows of the control's recordset, read in pages when a cell of them is asked for.
@@ -150,6 +152,24 @@ void DBGrid::setDataControl(DataControl* control)
     connect(control, &DataControl::moved, this, [this] { followControl(); });
 }
 
+void DBGrid::setEmptyText(const QString& text)
+{
+    m_emptyText = text;
+    setAccessibleDescription(text);
+    viewport()->update();
+}
+
+void DBGrid::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (m_emptyText.isEmpty() || m_model->rowCount() > 0) return;
+    const int margin = Theme::Inside;
+    QPainter painter(viewport());
+    painter.setPen(Theme::subdued(palette()));
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin), Qt::AlignCenter | Qt::TextWordWrap,
+                     m_emptyText);
+}
+
 void DBGrid::followControl()
 {
     const int row = m_control ? m_control->position() : -1;
@@ -195,6 +215,10 @@ bool DBGrid::handleKey(QKeyEvent* event)
         return true;
     case Qt::Key_Insert: emit insertPressed(); return true;
     case Qt::Key_Delete: emit deletePressed(); return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (currentIndex().isValid()) emit rowDoubleClicked();
+        return true;
     default: break;
     }
     if (text.size() != 1 || !text[0].isLetterOrNumber()) return false;

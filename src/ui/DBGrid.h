@@ -24,6 +24,9 @@ public:
 
     void setColumns(const QList<Column>& columns);
     void setDataControl(DataControl* control);
+    /// Stands in the middle of the grid while it has no rows.
+    void setEmptyText(const QString& text);
+    const QString& emptyText() const { return m_emptyText; }
     /// Type-ahead is the screen's: the view's own would read every row.
     void keyboardSearch(const QString&) override {}
 
@@ -33,6 +36,7 @@ signals:
     void insertPressed();
     void deletePressed();
     void typed(const QString& character);
+    /// By a double click, or by Enter on the current row.
     void rowDoubleClicked();
 
 protected:
@@ -40,6 +44,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     class Model;
@@ -49,5 +54,6 @@ private:
 
     Model* m_model;
     QPointer<DataControl> m_control;
+    QString m_emptyText;
     bool m_following = false;
 };

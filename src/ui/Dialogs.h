@@ -12,6 +12,7 @@ class QWidget;
 /// Message box types. Their numbers are the sums of a set of buttons and an icon, as messages have always been told by.
 namespace Box {
 inline constexpr int Stop = 16;               ///< stop, OK
+inline constexpr int QuestionOkCancel = 33;   ///< question, OK and Cancel
 inline constexpr int Question = 36;           ///< question, Yes and No
 inline constexpr int QuestionWithCancel = 35; ///< question, Yes, No and Cancel
 inline constexpr int Exclamation = 48;        ///< exclamation, OK

@@ -146,16 +146,28 @@ TEST_F(DiscRecords, TheBorrowerIsWhoHasTheDiscNow)
     EXPECT_EQ(rows("SELECT Должник FROM Компьютер"), "0\n0\n");
 }
 
-TEST(CountBetween, StopsAtItsEndsAndKeepsItsDigits)
+TEST(Steps, StopAtTheirEndsAndKeepTheirDigits)
 {
     const auto year = CountBetween(0, 9999, 4);
     const auto count = CountBetween(1, 6);
+    const UpDown::Step time = CountTime;
     const struct {
         const UpDown::Step& step;
         const char *text, *down, *up;
-    } cases[] = {{year, "2003", "2002", "2004"}, {year, "0000", "0000", "0001"}, {year, "9999", "9998", "9999"},
-                 {year, "9", "0008", "0010"},    {year, "", "", "0001"},         {year, "99999", "99998", "99999"},
-                 {count, "1", "1", "2"},         {count, "6", "5", "6"}};
+    } cases[] = {{year, "2003", "2002", "2004"},
+                 {year, "0000", "0000", "0001"},
+                 {year, "9999", "9998", "9999"},
+                 {year, "9", "0008", "0010"},
+                 {year, "", "", "0001"},
+                 {year, "99999", "99998", "99999"},
+                 {count, "1", "1", "2"},
+                 {count, "6", "5", "6"},
+                 {time, "00:00", "00:00", "00:01"},
+                 {time, "45:59", "45:58", "45:60"},
+                 {time, "45:99", "45:98", "46:00"},
+                 {time, "01:00", "00:99", "01:01"},
+                 {time, "99:99", "99:98", "99:99"},
+                 {time, "7", "06:99", "07:01"}};
     for (const auto& [step, text, down, up] : cases) {
         EXPECT_EQ(step(text, -1), down) << text;
         EXPECT_EQ(step(text, 1), up) << text;

@@ -1,50 +1,42 @@
-#include "catalogue/frmAddInCataloguePC.h"
+#include "catalogue/Catalogues.h"
+#include "catalogue/Given.h"
+#include "catalogue/frmAddInCatalogue.h"
 #include "harness/ScreenTest.h"
 
 namespace {
-/// An editor with a field of its own at each place for one.
-class OwnFieldsEditor : public frmAddInCatalogue {
-public:
-    explicit OwnFieldsEditor(Program& program) : frmAddInCatalogue(program, Audio())
-    {
-        completeTitles(txtAlbum);
-        build({.titleCaption = label(u"&Альбом:"_s, txtAlbum),
-               .title = txtAlbum,
-               .behindYear = row(txtTrack),
-               .behindCount = row(txtTime),
-               .below = column(txtBelow)});
-        moveOnByEnter({txtName, txtAlbum, txtYear, txtTrack, txtCDs, txtTime, txtDictionary});
-    }
-    QLineEdit* txtAlbum = named("txtAlbum");
-    QLineEdit* txtTrack = named("txtTrack");
-    QLineEdit* txtTime = named("txtTime");
-    QLineEdit* txtBelow = named("txtBelow");
-
-protected:
-    void showExtras(const QHash<QString, Value>&) override {}
-    QHash<QString, Value> extras() const override { return {{u"Альбом"_s, txtAlbum->text()}}; }
-};
-
 class Editor : public ScreenTest {
 protected:
-    template<class Form = frmAddInCataloguePC, class Body> void add(int number, const Body& body)
+    explicit Editor(const CatalogueKind& kind = Computer()) : kind(kind) {}
+
+    template<class Body> void add(int number, const Body& body)
     {
-        runFilled<Form>([number](frmAddInCatalogue& editor) { editor.AddUnder(number); }, body);
+        const auto open = [&] {
+            const auto editor = MakeEditor(program, kind);
+            editor->AddUnder(number);
+            editor->ShowModal();
+        };
+        play(open, body);
     }
     template<class Body> void change(const ShelfDisc& disc, const Body& body)
     {
-        runFilled<frmAddInCataloguePC>(
-            [&](frmAddInCataloguePC& editor) {
-                program.shared.CatalogueQueryFilter = "edit:1";
-                editor.Change(*ReadRecord(program.mainDatabase(), Computer(), disc.key()));
-                program.shared.CatalogueQueryFilter.clear();
-            },
-            body);
+        const auto open = [&] {
+            const auto editor = MakeEditor(program, kind);
+            program.shared.CatalogueQueryFilter = "edit:1";
+            editor->Change(*ReadRecord(program.mainDatabase(), kind, disc.key()));
+            program.shared.CatalogueQueryFilter.clear();
+            editor->ShowModal();
+        };
+        play(open, body);
     }
     Script save(const char* box, const char* text)
     {
         co_await type(box, text);
         co_await click("imgButton_0");
+    }
+    /// What of the one disc, or of the last one, is stored in these fields.
+    QString stored(const QString& fields)
+    {
+        return rows(u"SELECT %1 FROM %2 ORDER BY %3 DESC"_s.arg(fields, kind.table, kind.key)).section('\n', 0, 0);
     }
     static QString question(int before, int after)
     {
@@ -53,74 +45,90 @@ protected:
             .arg(before)
             .arg(after);
     }
+
+    const CatalogueKind& kind;
 };
 
-TEST_F(Editor, AddsADiscWithItsFieldsAndTheBindingThatWasAskedFor)
+class EveryEditor : public Editor, public testing::WithParamInterface<const CatalogueKind*> {
+protected:
+    EveryEditor() : Editor(*GetParam()) {}
+};
+INSTANTIATE_TEST_SUITE_P(, EveryEditor, testing::ValuesIn(AllCatalogues()), CodeOfCatalogue);
+
+TEST_P(EveryEditor, AddsADiscWithItsFieldsAndTheBindingThatWasAskedFor)
 {
-    shelf.computer(1, "Сборник (1) 'А', том 2"); // what the cleaned title would be completed to
+    shelf.disc(kind, 1, "Сборник (1) 'А', том 2"); // what the cleaned title would be completed to
     program.shared.AutoDetectTag = "ad:1A2B";
     add(7, [&]() -> Script {
-        EXPECT_EQ(shown("lblCDsCount0"), "Добавление Компьютерного диска");
+        EXPECT_EQ(shown("lblCDsCount0"), kind.addCaption);
         EXPECT_EQ(shown("lblNumber"), "7");
         EXPECT_EQ(shown("txtYear"), "2003");
-        EXPECT_EQ(sharedMnemonics(), "");
-        co_await picture("frmAddInCataloguePC");
-        co_await focusOn("txtName");
-        co_await keys("Сборник [1] \"А\"\n2001\n");
-        EXPECT_EQ(focus(), "udCDs"); // the counter holds the keyboard for its box
-        co_await type("txtDescription2", "длинно");
-        co_await focusOn("txtDescription");
-        co_await keys("Шахматы\n");
+        co_await picture(kind.editor);
+        co_await type("txtYear", "19x987");
+        co_await type("txtName", "Сборник [1] \"А\"");
+        co_await save(kind.dictionary.boxName.toLatin1().constData(), "Совсем новое");
     });
-    EXPECT_EQ(
-        rows("SELECT Номер, Название, Год, Дисков, РасОписание, ДискID1_d, КодОписания FROM Компьютер WHERE Номер = 7")
-            .trimmed(),
-        "7 | Сборник (1) 'А' | 2001 | 1 | длинно | 1A2B | 24");
+    EXPECT_EQ(stored("Номер, Название, Год, Дисков, ДискID1_d"), "7 | Сборник (1) 'А' | 1998 | 1 | 1A2B");
+    const QString& names = kind.dictionary.table;
+    EXPECT_EQ(rows(u"SELECT %1 FROM %1 ORDER BY %2 DESC"_s.arg(names, kind.dictionary.key)).section('\n', 0, 0),
+              "Совсем новое");
     EXPECT_TRUE(program.shared.DialogDone);
     EXPECT_EQ(program.shared.LastSavedNumber, 7);
-    EXPECT_EQ(program.shared.AutoDetectTag, "");
+    EXPECT_EQ(program.shared.AutoDetectTag, &kind == &Audio() ? "ad:1A2B" : "");
 }
 
-TEST_F(Editor, FieldsOfACatalogueStandInTheOrderOfEnterAndTab)
+TEST_P(EveryEditor, FieldsStandInTheOrderOfEnterAndTab)
 {
-    shelf.audio(1, "Кино", "Группа [крови]");
-    add<OwnFieldsEditor>(2, [&]() -> Script {
+    const struct {
+        const char *enter, *tab;
+    } orders[] = {{"txtName txtAlbum udYear udTrack udCDs udTime txtStyle",
+                   "txtName txtAlbum udYear udTrack udCDs udTime cmbCountCD txtStyle cmbDrive imgButton_2"},
+                  {"txtName udYear udCDs txtDescription", "txtName udYear udCDs txtDescription txtDescription2"},
+                  {"txtName udYear udCDs udTime cmbZone txtGenre",
+                   "txtName udYear udCDs udTime cmbZone txtGenre txtDescription lvSoundFormat"}};
+    const auto& [enter, tab] = orders[CatalogueIndex(kind)];
+    add(2, [&]() -> Script {
         EXPECT_EQ(sharedMnemonics(), "");
-        const QStringList order{"txtName", "txtAlbum", "udYear", "txtTrack", "udCDs", "txtTime", "txtStyle"};
-        for (const int by : {Qt::Key_Tab, Qt::Key_Return}) {
-            co_await focusOn("txtName");
-            for (const QString& box : order) {
-                EXPECT_EQ(focus(), box);
-                if (box != order.last()) co_await key(by);
-            }
+        co_await type("txtCDs", "2");
+        co_await focusOn("txtName");
+        for (const QString& control : QString(tab).split(' ')) {
+            EXPECT_EQ(focus(), control);
+            co_await key(Qt::Key_Tab);
         }
-        co_await type("txtAlbum", "гру");
-        EXPECT_EQ(shown("txtAlbum"), "Группа [крови]");
-        co_await save("txtName", "Кино");
+        EXPECT_EQ(focus(), "imgButton_0");
+        co_await type("txtName", "Диск");
+        for (const QString& control : QString(enter).split(' ')) {
+            EXPECT_EQ(focus(), control); // a counter holds the keyboard for its box
+            co_await key(Qt::Key_Return);
+        }
     });
-    EXPECT_EQ(rows("SELECT Альбом FROM Аудио WHERE Номер = 2").trimmed(), "Группа (крови)");
+    EXPECT_EQ(stored("Номер, Название, Дисков"), "2 | Диск | 2");
 }
 
-TEST_F(Editor, NameIsRequiredAndADescriptionHasFiftyCharacters)
+TEST_P(EveryEditor, NameIsRequiredAndADictionaryNameHasFiftyCharacters)
 {
+    const QByteArray names = kind.dictionary.boxName.toLatin1();
     add(1, [&]() -> Script {
-        expectBox("Введите название диска.\rДанное поле является обязательным для заполнения.", 48);
+        expectBox(kind.requiredMessage, 48);
         co_await click("imgButton_0");
         EXPECT_EQ(focus(), "txtName");
 
         co_await type("txtName", QString(70, 'n'));
         EXPECT_EQ(shown("txtName").size(), 60);
-        expectBox("Описание не должно быть длинее 50 символов!", 48);
-        co_await type("txtDescription", QString(51, 'd'));
-        co_await click("imgButton_0");
-        EXPECT_EQ(focus(), "txtDescription");
-
-        co_await type("txtDescription2", QString(260, 'x'));
-        EXPECT_EQ(shown("txtDescription2").size(), 255);
-        co_await type("txtDescription", QString(50, 'd'));
+        co_await type(names, QString(51, 'd'));
+        if (&kind == &Dvd()) {
+            EXPECT_EQ(shown(names).size(), 50);
+        } else {
+            expectBox(kind.dictionary.lengthMessage, 48);
+            co_await click("imgButton_0");
+            EXPECT_EQ(focus(), names);
+            co_await type(names, QString(50, 'd'));
+        }
         co_await click("imgButton_0");
     });
-    EXPECT_EQ(rows("SELECT Описание FROM Описание WHERE КодОписания = 24").trimmed(), QString(50, 'd'));
+    const QString& table = kind.dictionary.table;
+    EXPECT_EQ(rows(u"SELECT %1 FROM %1 ORDER BY %2 DESC"_s.arg(table, kind.dictionary.key)).section('\n', 0, 0),
+              QString(50, 'd'));
 }
 
 TEST_F(Editor, CountsWithTheArrowsAndNeverLeavesOneToSix)
@@ -207,5 +215,137 @@ TEST_F(Editor, TakingAwayAFifthDiscThatHasAListEndsInTheFaultRoutine)
     // What was done before the fault is kept.
     EXPECT_EQ(rows("SELECT Дисков, ДискID4, ДискID5 FROM Компьютер").trimmed(), "6 | Null | EEEE");
     EXPECT_TRUE(program.filesDatabase().HasTable("EEEE"));
+}
+TEST_F(Editor, LongDescriptionHasRoomFor255Characters)
+{
+    add(1, [&]() -> Script {
+        co_await type("txtDescription2", QString(260, 'x'));
+        co_await save("txtName", "Длинный");
+    });
+    EXPECT_EQ(stored("РасОписание"), QString(255, 'x'));
+}
+
+class AudioEditor : public Editor {
+protected:
+    AudioEditor() : Editor(Audio()) {}
+    QString playing() { return shown("txtTrack") + ", " + shown("txtTime"); }
+    const QString info = "Для получения информации о количестве треков и продолжительности воспроизведения диска "
+                         "необходимо вставить Аудио диск в устройство для чтения компакт-дисков. Продоложить?";
+};
+
+TEST_F(AudioEditor, KeepsTracksAndTimeOfEachDiscAndForgetsThoseOfDiscsThatGo)
+{
+    const ShelfDisc disc = shelf.audio(1, "Кино", "Ночь").discs(3).playing(1, 9, "41:02").playing(3, 12, "60:00");
+    change(disc, [&]() -> Script {
+        EXPECT_EQ(shown("txtAlbum"), "Ночь");
+        EXPECT_EQ(playing(), "09, 41:02");
+        co_await select("cmbCountCD", "2");
+        EXPECT_EQ(playing(), "00, 00:00") << "nothing is stored";
+        co_await type("txtTrack", "7a8");
+        co_await type("txtTime", "33:33");
+        co_await select("cmbCountCD", "3");
+        EXPECT_EQ(playing(), "12, 60:00");
+        co_await type("txtCDs", "2");
+        EXPECT_EQ(playing(), "09, 41:02");
+        EXPECT_EQ(items("cmbCountCD"), "1\n2\n");
+        co_await type("txtTime", "");
+        co_await click("imgButton_0");
+    });
+    EXPECT_EQ(stored("Альбом, Записей1, Время1, Записей2, Время2, Записей3, Время3, Записей6, Время6"),
+              "Ночь | 9 | Null | 78 | 33:33 | 0 | 00:00 | 0 | 00:00");
+}
+
+TEST_F(AudioEditor, CompletesAlbumsFromTitlesAndAlbums)
+{
+    shelf.audio(1, "Кино", "Группа [крови]");
+    add(2, [&]() -> Script {
+        EXPECT_FALSE(enabled("cmbCountCD"));
+        co_await type("txtAlbum", "гру");
+        EXPECT_EQ(shown("txtAlbum"), "Группа [крови]");
+        co_await save("txtName", "Ки");
+    });
+    EXPECT_EQ(stored("Название, Альбом"), "Кино | Группа (крови)");
+}
+
+TEST_F(AudioEditor, TellsTracksAndTimeOfTheDiscInTheDrive)
+{
+    setOption("Drive", "V:\\");
+    drives.add('D');
+    add(1, [&]() -> Script {
+        EXPECT_EQ(items("cmbDrive"), "D:\\\nV:\\\n");
+        EXPECT_EQ(shown("cmbDrive"), "V:\\");
+        expectBox(info, 33, Answer::Cancel);
+        co_await click("imgButton_2");
+        expectBox(info, 33, Answer::Ok);
+        expectBox("Вставьте Аудио диск в устройство для чтения компакт-дисков!", 48);
+        co_await click("imgButton_2");
+        EXPECT_EQ(playing(), "00, 00:00");
+
+        co_await type("txtCDs", "2");
+        co_await select("cmbCountCD", "2");
+        drives.v.medium = FakeDisc::audio({{0, 2, 0}, {1, 2, 0}}, {2, 7, 0});
+        expectBox(info, 33, Answer::Ok);
+        co_await click("imgButton_2");
+        EXPECT_EQ(playing(), "02, 02:03");
+
+        drives.v.medium = FakeDisc::audio({{0, 2, 0}}, {100, 2, 0});
+        expectBox(info, 33, Answer::Ok);
+        expectBox("Ошибка определеня времени воспроизведения диска!", 48);
+        co_await click("imgButton_2");
+        EXPECT_EQ(playing(), "01, 02:03");
+        EXPECT_EQ(program.shared.CurrentDiscID, "");
+        co_await save("txtName", "Набор");
+    });
+    EXPECT_EQ(stored("Записей1, Время1, Записей2, Время2"), "0 | 00:00 | 1 | 02:03");
+
+    drives.none = true;
+    add(2, [&]() -> Script {
+        EXPECT_EQ(shown("cmbDrive"), "---");
+        EXPECT_FALSE(enabled("cmbDrive"));
+        EXPECT_FALSE(enabled("imgButton_2"));
+        co_return;
+    });
+}
+
+TEST_F(AudioEditor, ReductionDropsTheTrackListsOfTheDiscsThatGo)
+{
+    const ShelfDisc disc = shelf.audio(1, "Набор").discs(6).list(5, "EEEE", {"Раз"});
+    change(disc, [&]() -> Script {
+        expectBox("Вы изменили общее число дисков c 6 на 4! Если для удаляемых дисков был создан списко треков, то он "
+                  "будет удален. Продолжить?",
+                  52);
+        co_await save("txtCDs", "4");
+    });
+    EXPECT_EQ(stored("Дисков, ДискID5"), "4 | Null");
+    EXPECT_FALSE(program.tracksDatabase().HasTable("EEEE"));
+}
+
+class DvdEditor : public Editor {
+protected:
+    DvdEditor() : Editor(Dvd()) {}
+};
+
+TEST_F(DvdEditor, KeepsZoneTimeSoundAndDescriptionAndShrinksASetWithoutAWord)
+{
+    const ShelfDisc disc = shelf.dvd(1, "Фильм").discs(3).set("Время", 142).set("Зона", 12);
+    change(ShelfDisc(disc).set("ФорматЗвука", u"2,5,"_s), [&]() -> Script {
+        EXPECT_EQ(shown("cmbZone"), "12") << "no zone of this world, but the row's";
+        EXPECT_EQ(shown("lvSoundFormat").count("[x]"), 2);
+        EXPECT_TRUE(checked("lvSoundFormat", "DTS"));
+        co_await check("lvSoundFormat", "Dolby Digital 5.1", false);
+        co_await check("lvSoundFormat", "Mono");
+        co_await focusOn("txtTime");
+        co_await key(Qt::Key_Up);
+        EXPECT_EQ(shown("txtTime"), "143");
+        co_await select("cmbZone", "5");
+        co_await type("txtDescription", "Сюжет");
+        co_await save("txtCDs", "1");
+    });
+    EXPECT_EQ(stored("Дисков, Время, Зона, ФорматЗвука, Описание"), "1 | 143 | 5 | 5,8, | Сюжет");
+    change(disc, [&]() -> Script {
+        co_await select("cmbZone", "");
+        co_await save("txtTime", "");
+    });
+    EXPECT_EQ(stored("Время, Зона, ФорматЗвука"), "Null | Null | 5,8,");
 }
 }

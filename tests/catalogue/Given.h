@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/Program.h"
+#include "store/CatalogueKind.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -28,4 +29,10 @@ inline void FillNumbers(Program& program, int count)
         program.mainDatabase().Execute(u"INSERT INTO Компьютер (Номер, Название) "
                                        "SELECT Номер + ?, Название FROM Компьютер WHERE Номер <= ?",
                                        {have, count - have});
+}
+
+/// Names the runs of a test that every catalogue goes through.
+inline std::string CodeOfCatalogue(const testing::TestParamInfo<const CatalogueKind*>& run)
+{
+    return run.param->code.toStdString();
 }

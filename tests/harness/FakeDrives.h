@@ -85,7 +85,11 @@ public:
     }
 
     VolumeProperties volume() override { return properties; }
-    TableOfContents tableOfContents() override { return contents; }
+    TableOfContents tableOfContents() override
+    {
+        if (healthy == 0) throw DiscError(u"Ошибка чтения оглавления."_s);
+        return contents;
+    }
     QList<DiscEntry> list(const QString& folder) override
     {
         touch(folder);

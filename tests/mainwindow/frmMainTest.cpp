@@ -15,7 +15,7 @@ TEST_F(MainWindow, AnEmptyShelfShowsZerosAndOnlyWhatIsThereIsEnabled)
         EXPECT_EQ(shown("StatusBar_4"), u"14 ноября (пятница)"_s);
         EXPECT_TRUE(commandEnabled("ID_Catalog_PCCD"));
         EXPECT_TRUE(commandEnabled("ID_QuickPCNewCD"));
-        EXPECT_FALSE(commandEnabled("ID_Catalog_AudioCD"));
+        EXPECT_TRUE(commandEnabled("ID_Catalog_AudioCD"));
         EXPECT_FALSE(commandEnabled("ID_Due_List"));
         EXPECT_FALSE(visible("lblNewPC"));
         EXPECT_FALSE(visible("fraFindDuePC"));
