@@ -59,8 +59,12 @@ void frmAddInCatalogue::build(const OwnFields& own)
         {own.titleCaption, own.title},
         {label(u"Го&д:"_s, txtYear), counters},
         {label(kind.dictionary.caption + u':', txtDictionary), txtDictionary},
+        {own.lastCaption, own.last},
     });
-    setLayout(column(top, fields, own.below, row(stretch, imgButton[0], imgButton[1])));
+    auto* all = column(top, fields, own.below);
+    if (!own.below) all->addStretch();
+    all->addLayout(row(stretch, imgButton[0], imgButton[1]));
+    setLayout(all);
 }
 
 void frmAddInCatalogue::moveOnByEnter(const QList<QWidget*>& order)

@@ -37,7 +37,9 @@ protected:
         QWidget *titleCaption = nullptr, *title = nullptr; ///< a row behind the title
         QLayout* behindYear = nullptr;                     ///< in one row with year and count, between them
         QLayout* behindCount = nullptr;
-        QLayout* below = nullptr; ///< all common fields
+        QWidget* lastCaption = nullptr; ///< a row behind the dictionary
+        QLayout* last = nullptr;
+        QLayout* below = nullptr; ///< all of these
     };
     /// The form's picture.
     void build(const OwnFields& own);

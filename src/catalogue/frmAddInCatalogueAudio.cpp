@@ -13,7 +13,8 @@ frmAddInCatalogueAudio::frmAddInCatalogueAudio(Program& program) : frmAddInCatal
     udTime->setup(txtTime, 5, CountTime);
     DigitKeys(txtTrack);
     TimeKeys(txtTime);
-    imgInfo->setup(u"scan"_s, u"О&пределить"_s, u"Узнать число треков и время по диску в устройстве"_s);
+    imgInfo->setup(u"scan"_s, u"О&пределить по диску"_s,
+                   u"Узнать число треков и время воспроизведения у диска в устройстве"_s);
     connect(txtTrack, &QLineEdit::textChanged, this, [this](const QString& text) { shownDisc().tracks = text; });
     connect(txtTime, &QLineEdit::textChanged, this, [this](const QString& text) { shownDisc().time = text; });
     connect(cmbCountCD, &QComboBox::activated, this, [this] { showDisc(); });
@@ -23,7 +24,8 @@ frmAddInCatalogueAudio::frmAddInCatalogueAudio(Program& program) : frmAddInCatal
            .title = txtAlbum,
            .behindYear = row(label(u"&Треков:"_s, txtTrack), udTrack),
            .behindCount = row(label(u"&Время:"_s, txtTime), udTime, label(u"на ди&ске:"_s, cmbCountCD), cmbCountCD),
-           .below = column(row(label(u"Устро&йство:"_s, cmbDrive), cmbDrive, imgInfo, stretch))});
+           .lastCaption = label(u"Устро&йство:"_s, cmbDrive),
+           .last = row(cmbDrive, imgInfo, stretch)});
     moveOnByEnter({txtName, txtAlbum, txtYear, txtTrack, txtCDs, txtTime, txtDictionary});
 }
 

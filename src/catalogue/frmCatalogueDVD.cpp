@@ -1,11 +1,14 @@
 #include "catalogue/frmCatalogueDVD.h"
 
+#include <QAbstractItemView>
+
 frmCatalogueDVD::frmCatalogueDVD(Program& program) : frmCatalogue(program, Dvd())
 {
     for (QLineEdit* box : {txtZone, txtTime}) box->setReadOnly(true);
     txtDescription->setReadOnly(true);
     txtDescription->setTabChangesFocus(true);
     cmbSoundFormat->setAccessibleName(u"Формат звука"_s);
+    cmbSoundFormat->setMinimumContentsLength(10);
     setTag({txtZone, txtTime, cmbSoundFormat, txtDescription}, MyGroup);
     dcDatabase->bind(txtZone, u"Зона"_s);
     dcDatabase->bind(txtTime, u"Время"_s);
@@ -32,4 +35,5 @@ void frmCatalogueDVD::FillSoundFormats(const QString& field)
     cmbSoundFormat->addItems(m_formats->namesOf(field));
     cmbSoundFormat->setPlaceholderText(u"Звук (%1):"_s.arg(SoundFormats::countOf(field)));
     cmbSoundFormat->setCurrentIndex(-1);
+    cmbSoundFormat->view()->setMinimumWidth(cmbSoundFormat->view()->sizeHintForColumn(0)); // names stand in full
 }

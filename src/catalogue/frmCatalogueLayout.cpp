@@ -9,11 +9,18 @@ QLayout* frmCatalogue::toolbar()
     return buttons;
 }
 
+/// A box stays wide enough for this text, whatever the size of the window.
+static void keepRoomFor(QWidget* box, const QString& text)
+{
+    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(text) + box->fontMetrics().height() * 3 / 2);
+}
+
 QLayout* frmCatalogue::listSide()
 {
     lblSorted->setText(u"&Сортировка:"_s);
     lblSorted->setBuddy(cmbSorted);
     cmbSorted->setAccessibleName(u"Сортировка"_s);
+    keepRoomFor(cmbSorted, u"по дате добавления"_s);
     dbGrid->setAccessibleName(kind.title);
     return column(row(lblSorted, cmbSorted, chSortedDESC, stretch), dbGrid, row(lblCDsCount0, lblCDsCount1, stretch));
 }
@@ -25,6 +32,9 @@ QLayout* frmCatalogue::detailSide(const OwnFields& own)
     first->setStretchFactor(txtYear, 3);
     first->setStretchFactor(txtCDs, 2);
     auto* dates = row(txtDateAdd, label(u"&Изменен"_s, txtDateUpdate), txtDateUpdate);
+    for (QLineEdit* box : {txtDateAdd, txtDateUpdate}) keepRoomFor(box, u"28-сент.-2000"_s);
+    keepRoomFor(txtName, QString(32, u'о'));
+    keepRoomFor(cmbDictionary, QString(16, u'о')); // and not for the longest name of the dictionary
     auto* common = grid({
         {label(u"Но&мер"_s, txtNumber), first},
         {label(kind.nameCaption + u" [запрос]"_s, txtName), txtName},
