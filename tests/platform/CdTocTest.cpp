@@ -1,6 +1,8 @@
 #include "platform/CdToc.h"
 #include "../harness/FakeDrives.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace {
@@ -59,13 +61,34 @@ TEST_F(AudioDevice, PlayingTimeCountsFromTheFirstTrackToTheLeadOutAndItsSecondsB
                  {{0, 2, 0}, {100, 2, 0}, "100:22"}};
     for (const auto& [first, leadOut, time] : cases) EXPECT_EQ(PlayingTime(tocOf({first}, leadOut)), time);
 
-    const CdToc toc = tocOf({{0, 2, 0}, {3, 22, 0}, {7, 48, 50}}, {10, 33, 20});
-    EXPECT_EQ(toc.starts.constLast(), (Msf{10, 33, 20})) << "the true lead-out";
-    EXPECT_EQ(toc.DiscLength(), 631);
-
     QList<DiscTrack>& tracks = drives.v.medium->contents.tracks;
     while (tracks.size() < 100) tracks += tracks.constLast();
     device.Open(u"V:\\");
     EXPECT_THROW(ReadToc(device), RuntimeError);
+}
+
+TEST_F(AudioDevice, ReadsTheImageInTheVirtualDrive)
+{
+    const QTemporaryDir folder;
+    const auto write = [&](const QString& name, const QByteArray& content, qint64 size) {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.resize(size));
+        return file.fileName();
+    };
+    const QByteArray cue = "FILE a.bin BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00:00\nTRACK 02 AUDIO\nINDEX 01 03:20:00\n"
+                           "TRACK 03 AUDIO\nINDEX 01 07:46:50\n";
+    const QByteArray toc =
+        "CD_DA\nTRACK AUDIO\nFILE \"a.bin\" 0 03:20:00\nTRACK AUDIO\nFILE \"a.bin\" 03:20:00 04:26:50\n"
+        "TRACK AUDIO\nFILE \"a.bin\" 07:46:50 02:44:45\n";
+    write("a.bin", {}, 47345 * 2352);
+    const auto system = CreateSystemDrives();
+    MMControl player(*system);
+    for (const QString& image : {write("a.cue", cue, cue.size()), write("a.toc", toc, toc.size())}) {
+        system->virtualDrive().insert(image);
+        player.Open(u"V:\\");
+        const CdToc read = ReadToc(player);
+        EXPECT_EQ(read.starts, (QList<Msf>{{0, 2, 0}, {3, 22, 0}, {7, 48, 50}, {10, 33, 20}})) << qPrintable(image);
+        EXPECT_EQ(PlayingTime(read), "10:21");
+    }
 }
 }
