@@ -7,6 +7,8 @@
 #include "catalogue/frmCatalogueDVD.h"
 #include "catalogue/frmCataloguePCCD.h"
 
+#include <algorithm>
+
 namespace {
 /// The forms of one catalogue.
 struct Forms {
@@ -26,24 +28,20 @@ constexpr Forms allForms[] = {
     {Dvd, make<frmCatalogue, frmCatalogueDVD>, make<frmAddInCatalogue, frmAddInCatalogueDVD>},
 };
 
-const Forms* formsOf(const CatalogueKind& kind)
+const Forms& formsOf(const CatalogueKind& kind)
 {
-    for (const Forms& forms : allForms)
-        if (&forms.kind() == &kind) return &forms;
-    return nullptr;
+    return *std::ranges::find_if(allForms, [&](const Forms& forms) { return &forms.kind() == &kind; });
 }
 }
-
-bool HasCatalogue(const CatalogueKind& kind) { return formsOf(kind) != nullptr; }
 
 void OpenCatalogue(Program& program, const CatalogueKind& kind, QWidget* opener, qint64 key)
 {
-    const auto catalogue = formsOf(kind)->browser(program);
+    const auto catalogue = formsOf(kind).browser(program);
     catalogue->PositionOn(key);
     catalogue->ShowModal(opener);
 }
 
 std::unique_ptr<frmAddInCatalogue> MakeEditor(Program& program, const CatalogueKind& kind)
 {
-    return formsOf(kind)->editor(program);
+    return formsOf(kind).editor(program);
 }

@@ -7,11 +7,8 @@
 
 class frmAddInCatalogue;
 
-/// Whether browser and editor of a catalogue are in this program: for Screens::offers().
-bool HasCatalogue(const CatalogueKind& kind);
-
 /// Opens a catalogue until it is closed. `key` other than 0 opens it on that disc.
 void OpenCatalogue(Program& program, const CatalogueKind& kind, QWidget* opener = nullptr, qint64 key = 0);
 
-/// The editor of a catalogue that HasCatalogue().
+/// The editor of a catalogue.
 std::unique_ptr<frmAddInCatalogue> MakeEditor(Program& program, const CatalogueKind& kind);

@@ -1,7 +1,6 @@
 #include "catalogue/frmCatalogueAudioCD.h"
 
 #include "catalogue/RecordSource.h"
-#include "frame/Text.h"
 #include "recognition/BoundDisc.h"
 
 frmCatalogueAudioCD::frmCatalogueAudioCD(Program& program) : frmCatalogue(program, Audio())
@@ -51,10 +50,4 @@ void frmCatalogueAudioCD::cmbCountCD_Click()
     dcDatabase->bind(txtTime, u"Время"_s + disc);
 }
 
-void frmCatalogueAudioCD::txtAlbum_KeyPress()
-{
-    const QString album = CleanText(txtAlbum->text());
-    txtAlbum->setText(album);
-    txtAlbum->setModified(true); // it stays in the box while the user is there
-    filterBy(ContainsFilter(u"Альбом"_s, album));
-}
+void frmCatalogueAudioCD::txtAlbum_KeyPress() { filterBy(ContainsFilter(u"Альбом"_s, cleanTyped(txtAlbum))); }

@@ -131,11 +131,3 @@ void Toolbars::tick() const
     for (const ToolbarDef& def : AllToolbars())
         if (QAction* toggle = m_commands.action(def.toggle)) toggle->setChecked(!bar(def.name)->isHidden());
 }
-
-QWidget* Toolbars::addButton() const
-{
-    for (const ToolbarDef& def : AllToolbars())
-        if (QWidget* button = bar(def.name)->widgetForAction(action(addTool)); button && button->isVisible())
-            return button;
-    return nullptr;
-}

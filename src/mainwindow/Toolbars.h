@@ -33,8 +33,6 @@ public:
 
     /// Lets the commands that show and hide toolbars tell what is in sight.
     void tick() const;
-    /// The button of ID_AddCD; null when none is in sight.
-    QWidget* addButton() const;
 
 private:
     QToolBar* bar(const QString& name) const;

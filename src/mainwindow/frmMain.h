@@ -90,7 +90,6 @@ private:
     void addDisc(const CatalogueKind& kind);
     void addAndRemember(const CatalogueKind& kind);
     void repeatLastAdd();
-    void offerAdds();
     void changeNumber();
     void editDictionary(const CatalogueKind& kind);
     void changeCategory();

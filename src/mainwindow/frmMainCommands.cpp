@@ -61,7 +61,7 @@ const QList<ListBarGroup>& listBarGroups()
 bool frmMain::offers(QStringView screen) const
 {
     for (const CatalogueKind* kind : AllCatalogues())
-        if (screen == kind->browser || screen == kind->editor) return HasCatalogue(*kind);
+        if (screen == kind->browser || screen == kind->editor) return true;
     return builtScreens.contains(screen);
 }
 
@@ -143,7 +143,6 @@ void frmMain::Route(const QString& id)
 void frmMain::openCatalogue(const CatalogueKind& kind, qint64 key)
 {
     Guarded("frmMain, OpenCatalogue()"_L1, [&] {
-        if (!offers(kind.browser)) return;
         ResetDiscSigns();
         OpenCatalogue(program, kind, nullptr, key);
         if (!program.shared.ExternalDBOpen) LoadData();
@@ -153,7 +152,6 @@ void frmMain::openCatalogue(const CatalogueKind& kind, qint64 key)
 void frmMain::addDisc(const CatalogueKind& kind)
 {
     Guarded("frmMain, AddDisc()"_L1, [&] {
-        if (!offers(kind.editor)) return;
         ResetDiscSigns();
         if (const std::optional<qint64> added = AddDisc(program, kind))
             openCatalogue(kind, *added);
@@ -175,17 +173,9 @@ void frmMain::repeatLastAdd()
     const double last = remembered ? settings.number(u"Toolbars", u"LastAction", 5) : 1;
     for (const CatalogueCommands& own : CommandsOfCatalogues()) {
         if (last != double(CatalogueIndex(own.kind) + 1)) continue;
-        if (!offers(own.kind.editor)) return offerAdds();
         // What nobody has chosen is not remembered either.
         return remembered ? Route(own.add) : addDisc(own.kind);
     }
-}
-
-void frmMain::offerAdds()
-{
-    const QWidget* button = m_toolbars.addButton();
-    const QWidget* below = button ? button : menuBar();
-    program.dialogs.Popup(*m_commands.menu(u"ID_Catalog_AddCD"), below->mapToGlobal(QPoint(0, below->height())));
 }
 
 void frmMain::changeNumber()
