@@ -217,7 +217,8 @@ bool DBGrid::handleKey(QKeyEvent* event)
     case Qt::Key_Delete: emit deletePressed(); return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (currentIndex().isValid()) emit rowDoubleClicked();
+        if (!currentIndex().isValid()) return false;
+        emit rowDoubleClicked();
         return true;
     default: break;
     }
