@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
+#include <QIdentityProxyModel>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
@@ -37,9 +39,28 @@ BoxLook LookOfBox(int told)
     return look;
 }
 
+/// A box wraps its text at blanks alone and cuts what is wider than the screen: the name of a file, say. The breaks are
+/// real ones, which are seen in what is copied.
+static QString withBrokenWords(const QString& text)
+{
+    constexpr int LongestWord = 48;
+
+    QString result;
+    int unbroken = 0;
+    for (const QChar c : text) {
+        unbroken = c.isSpace() ? 0 : unbroken + 1;
+        if (unbroken > LongestWord && !c.isLowSurrogate() && !c.isMark()) {
+            result += u'\n';
+            unbroken = 1;
+        }
+        result += c;
+    }
+    return result;
+}
+
 QString ReadableMessage(QString text)
 {
-    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\t', u"    "_s);
+    return withBrokenWords(text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\t', u"    "_s));
 }
 
 QStringList NameFilters(const QString& filter)
@@ -69,6 +90,29 @@ private:
     NormalPointer m_pointer;
 };
 
+/// The rows of a file chooser with sizes and dates in the program's language; the toolkit's are in the system's.
+class QtDialogs::FileRows : public QIdentityProxyModel {
+public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        const auto* files = qobject_cast<QFileSystemModel*>(sourceModel());
+        if (role != Qt::DisplayRole || !files) return QIdentityProxyModel::data(index, role);
+        const QFileInfo file = files->fileInfo(mapToSource(index));
+        switch (index.column()) {
+        case Size:
+            return file.isDir() ? QString()
+                                : QLocale().formattedDataSize(file.size(), 1, QLocale::DataSizeTraditionalFormat);
+        case Modified: return QLocale().toString(file.lastModified(), QLocale::ShortFormat);
+        default: return QIdentityProxyModel::data(index, role);
+        }
+    }
+
+private:
+    enum Column { Name, Size, Type, Modified };
+};
+
 /// The toolkit's own file chooser: it speaks Russian and looks like the program on every desktop.
 class QtDialogs::Chooser : public QFileDialog {
 public:
@@ -76,6 +120,7 @@ public:
         : QFileDialog(WindowBelow(), title, folder), m_owner(owner)
     {
         setOption(DontUseNativeDialog);
+        setProxyModel(new FileRows(this));
     }
 
     QString choose()

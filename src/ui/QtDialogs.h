@@ -15,7 +15,7 @@ struct BoxLook {
     QMessageBox::StandardButton escape;    ///< Esc and the close button
 };
 BoxLook LookOfBox(int type);
-/// A message as it is shown: "\r" and "\r\n" are line breaks, a tab is a few blanks.
+/// A message as it is shown: "\r" and "\r\n" are line breaks, a tab is a few blanks, words without end are broken.
 QString ReadableMessage(QString text);
 /// "label|*.a;*.b|label|*.c" in the form of the file chooser: one "label (*.a *.b)" per pair. "*.*" is every file, with
 /// a dot in its name or without.
@@ -43,6 +43,7 @@ public:
 private:
     class Modal;
     class Chooser;
+    class FileRows;
     QString folderFor(const QString& told) const;
 
     DBEngine& m_engine;

@@ -15,6 +15,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <gtest/gtest.h>
 
 namespace {
@@ -77,31 +78,24 @@ protected:
 };
 }
 
-TEST_F(BoxesInEarnest, TypesGiveRussianButtonsWithTheSafeOneFirstInAWarning)
+TEST_F(BoxesInEarnest, TypesGiveAnIconAndRussianButtonsWithTheSafeOneFirstInAWarning)
 {
-    const std::pair<int, const char*> types[] = {
-        {Box::Bare, "*OK"},
-        {Box::Stop, "*OK"},
-        {Box::Exclamation, "*OK"},
-        {Box::Information, "*OK"},
-        {Box::Question, "*Да Нет"},
-        {Box::QuestionWithCancel, "*Да Нет Отмена"},
-        {Box::Warning, "Да *Нет"},
-        {Box::StopOkCancel, "OK *Отмена"},
-        {Box::InformationOkCancel, "*OK Отмена"},
+    using B = QMessageBox;
+    const std::tuple<int, B::Icon, const char*> types[] = {
+        {Box::Bare, B::NoIcon, "*OK"},
+        {Box::Stop, B::Critical, "*OK"},
+        {Box::Exclamation, B::Warning, "*OK"},
+        {Box::Information, B::Information, "*OK"},
+        {Box::Question, B::Question, "*Да Нет"},
+        {Box::QuestionWithCancel, B::Question, "*Да Нет Отмена"},
+        {Box::Warning, B::Warning, "Да *Нет"},
+        {Box::StopOkCancel, B::Critical, "OK *Отмена"},
+        {Box::InformationOkCancel, B::Information, "*OK Отмена"},
     };
-    for (auto [type, buttons] : types) EXPECT_EQ(buttonsOf(type), buttons) << type;
-}
-
-TEST_F(BoxesInEarnest, TypesGiveIcons)
-{
-    const std::pair<int, QMessageBox::Icon> types[] = {
-        {Box::Bare, QMessageBox::NoIcon},           {Box::Stop, QMessageBox::Critical},
-        {Box::Question, QMessageBox::Question},     {Box::QuestionWithCancel, QMessageBox::Question},
-        {Box::Warning, QMessageBox::Warning},       {Box::Exclamation, QMessageBox::Warning},
-        {Box::StopOkCancel, QMessageBox::Critical}, {Box::InformationOkCancel, QMessageBox::Information},
-    };
-    for (auto [type, icon] : types) EXPECT_EQ(LookOfBox(type).icon, icon) << type;
+    for (const auto& [type, icon, buttons] : types) {
+        EXPECT_EQ(LookOfBox(type).icon, icon) << type;
+        EXPECT_EQ(buttonsOf(type), buttons) << type;
+    }
 }
 
 TEST_F(BoxesInEarnest, EscapeAnswersCancelElseNoElseOkAndEnterTheDefault)
@@ -130,6 +124,17 @@ TEST_F(BoxesInEarnest, TextsArePlainWithTheirLineBreaksAndStandAboveAnHourglass)
     QApplication::restoreOverrideCursor();
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
     QApplication::restoreOverrideCursor();
+}
+
+TEST_F(BoxesInEarnest, NamesTooLongForTheScreenAreBrokenAndNotCut)
+{
+    const QString name = QString(300, u'Ш'), text = u"Файл '"_s + name + u"' не найден."_s;
+    meanwhile<QMessageBox>([&](QMessageBox& box) {
+        const auto* shown = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+        EXPECT_GE(shown->width(), shown->minimumSizeHint().width());
+        EXPECT_EQ(shown->text().remove(u'\n'), text);
+    });
+    dialogs.MsgBox(text);
 }
 
 TEST_F(BoxesInEarnest, InputBoxGivesTheTextOrNothing)
@@ -164,6 +169,31 @@ TEST_F(BoxesInEarnest, ChoosersNameTheirPatternsAndRememberTheFolder)
     meanwhile<QFileDialog>([](QFileDialog&) {});
     EXPECT_EQ(dialogs.PickFolder(u"Папка"_s, folder.filePath(u"a"_s)), "");
     EXPECT_EQ(lastFolder, folder.path());
+}
+
+TEST_F(BoxesInEarnest, ChoosersTellSizesAndDatesInTheProgramsLanguage)
+{
+    QFile file(folder.filePath(u"list.txt"_s));
+    ASSERT_TRUE(file.open(QFile::WriteOnly) && file.resize(5000));
+    file.setFileTime(QDateTime(QDate(2003, 11, 14), QTime(12, 0)), QFile::FileModificationTime);
+    file.close();
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::Russian, QLocale::Russia));
+    meanwhile<QFileDialog>([&](QFileDialog& chooser) {
+        const auto* rows = chooser.findChild<QTreeView*>(u"treeView"_s);
+        const auto cell = [&](int column) {
+            const QModelIndex root = rows->rootIndex();
+            for (int row = 0; row < rows->model()->rowCount(root); ++row)
+                if (rows->model()->index(row, 0, root).data() == u"list.txt"_s)
+                    return rows->model()->index(row, column, root).data().toString();
+            return QString();
+        };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !cell(0).isEmpty(); }));
+        EXPECT_EQ(cell(1), "4,9 кБ");
+        EXPECT_EQ(cell(3), "14.11.2003 12:00");
+    });
+    dialogs.OpenFile(u"Открыть"_s, u"Все|*.*"_s, folder.path());
+    QLocale::setDefault(before);
 }
 
 TEST_F(BoxesInEarnest, FormsAndMenusAreModalAndKeepEachCommandInThemAtItsEnd)
