@@ -42,6 +42,9 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
     imgButton[2]->setup(u"delete"_s, u"&Удалить"_s, u"Удалить список файлов диска"_s);
     imgButton[3]->setup(u"refresh"_s, u"&Пересоздать…"_s, u"Удалить список файлов диска и создать новый"_s);
 
+    imgButton[1]->setWhyDisabled(u"Список уже есть: его можно пересоздать"_s);
+    for (const std::size_t onList : {2, 3}) imgButton[onList]->setWhyDisabled(u"Списка ещё нет: его можно создать"_s);
+
     QLabel* numberCaption = label(u"Диск №"_s);
     QLabel* discCaption = label(u"C&D:"_s, cmbCountCD);
     QLabel* volumeCaption = label(u"Объем файлов в списке:"_s);

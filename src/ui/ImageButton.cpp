@@ -17,14 +17,32 @@ void ImageButton::setup(const QString& iconName, const QString& text, const QStr
     // A shortcut of its own, because the button's would displace the mnemonic.
     delete m_shortcut;
     m_shortcut = nullptr;
-    QString tip = hint;
+    m_hint = hint;
     if (!shortcut.isEmpty()) {
         m_shortcut = new QShortcut(shortcut, this, [this] { click(); });
         m_shortcut->setAutoRepeat(false);
         const QString keys = shortcut.toString(QKeySequence::NativeText);
-        tip = hint.isEmpty() ? keys : u"%1 (%2)"_s.arg(hint, keys);
+        m_hint = hint.isEmpty() ? keys : u"%1 (%2)"_s.arg(hint, keys);
     }
-    setToolTip(tip);
+    showHint();
+}
+
+void ImageButton::setWhyDisabled(const QString& why)
+{
+    m_whyDisabled = why;
+    showHint();
+}
+
+void ImageButton::showHint()
+{
+    const bool explained = !isEnabled() && !m_whyDisabled.isEmpty();
+    setToolTip(explained ? m_hint + u'\n' + m_whyDisabled : m_hint);
+}
+
+void ImageButton::changeEvent(QEvent* event)
+{
+    QPushButton::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange) showHint();
 }
 
 void ImageButton::keyPressEvent(QKeyEvent* event)

@@ -13,10 +13,16 @@ public:
     /// `icon` may be empty for a word alone, `text` for a picture alone and may hold a mnemonic "&". `hint` is the tooltip and, without text, the
     /// accessible name. `shortcut` is named in the tooltip.
     void setup(const QString& icon, const QString& text, const QString& hint, const QKeySequence& shortcut = {});
+    /// What the tooltip says besides while the button is grey: why, where that is not plain to see.
+    void setWhyDisabled(const QString& why);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void showHint();
+
+    QString m_hint, m_whyDisabled;
     QShortcut* m_shortcut = nullptr;
 };
