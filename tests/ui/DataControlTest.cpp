@@ -5,7 +5,6 @@
 #include "ui/DataControl.h"
 
 #include <QAbstractItemModelTester>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -213,30 +212,20 @@ TEST_F(BoundRows, AnErrorWhilePaintingComesUpFromTheEventLoop)
                             "An exception left a routine: 3051: Диск исчез.");
 }
 
-TEST_F(BoundRows, AFullCatalogueOpensAndJumpsAtOnce)
+TEST_F(BoundRows, OnlyTheRowsInViewAreRead)
 {
-    fill(32767);
+    fill(2000);
     Browser form(*database);
-    QElapsedTimer clock;
-    qint64 keyset = 0, shownAfter = 0, jump = 0;
-    {
-        clock.start();
-        database->OpenRecordset(u"SELECT * FROM Диски ORDER BY Номер");
-        keyset = clock.elapsed();
-    }
-    clock.start();
+    int read = 0;
+    form.DBGrid->setColumns({{.field = u"Номер"_s, .caption = {}, .format = [&](const Value& value) {
+                                  ++read;
+                                  return value.text();
+                              }}});
     open(form, [&]() -> Script {
-        shownAfter = clock.elapsed();
         co_await focusOn("DBGrid");
-        clock.start();
         co_await key(Qt::Key_End);
-        jump = clock.elapsed();
-        EXPECT_EQ(current("DBGrid"), "32767 | Диск 32767");
+        EXPECT_EQ(current("DBGrid"), "2000");
         EXPECT_EQ(form.DBGrid->verticalScrollBar()->value(), form.DBGrid->verticalScrollBar()->maximum());
+        EXPECT_LT(read, 500);
     });
-    RecordProperty("shown_ms", int(shownAfter));
-    RecordProperty("jump_ms", int(jump));
-    // Ten times what it takes, so that only a full read of the rows fails here.
-    EXPECT_LT(shownAfter - keyset, 600) << "keyset alone " << keyset;
-    EXPECT_LT(jump, 150);
 }

@@ -190,17 +190,6 @@ TEST_F(FormLife, EnterClicksTheFocusedButtonAndOtherwiseOnlyAButtonMadeDefault)
     });
 }
 
-TEST_F(FormLife, ShowsAndEnablesControlsByTheirTag)
-{
-    Diary form(dialogs, log);
-    Form::setTag({form.txtName, form.cmdChild}, u"MyGroup"_s);
-    form.setEnabledByTag(u"MyGroup", false);
-    EXPECT_FALSE(form.txtName->isEnabled() || form.cmdChild->isEnabled());
-    EXPECT_TRUE(form.cmdClose->isEnabled());
-    form.setVisibleByTag(u"MyGroup", false);
-    EXPECT_TRUE(form.txtName->isHidden() && !form.cmdClose->isHidden());
-}
-
 TEST_F(FormLife, EndOfTheProcessRunsNothingBehindModalCallsAndNoUnload)
 {
     open([&]() -> Script {

@@ -5,10 +5,9 @@
 
 class QWidget;
 
-/// Made-up windows that show every kind of control, for the eye and for what can be measured.
+/// Made-up windows that show every kind of control, for the eye and for what can be measured. Lists, trees and cards are
+/// seen in the screens that have them.
 std::unique_ptr<QWidget> formGallery();
-std::unique_ptr<QWidget> listGallery();
-std::unique_ptr<QWidget> dashboardGallery();
 std::unique_ptr<QWidget> popupGallery();
 /// Every icon at 16, 24 and 48 pixels, enabled, disabled and on the accent.
 std::unique_ptr<QWidget> iconGallery();

@@ -3,7 +3,6 @@
 #include "ui/ListView.h"
 
 #include <QAbstractItemModelTester>
-#include <QElapsedTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -103,25 +102,4 @@ TEST_F(ReportList, BehavesAsAModelAndOutsideOfItsRows)
     EXPECT_TRUE(list.row(-1).texts.isEmpty());
     list.clear();
     EXPECT_EQ(list.rowCount(), 0);
-}
-
-TEST_F(ReportList, AHundredThousandRowsFillAndSortInAMoment)
-{
-    QList<ListView::Row> rows;
-    for (int i = 0; i < 100'000; ++i) rows.append({{u"файл %1"_s.arg(i * 7919 % 100'003), QString::number(i)}});
-    open([&]() -> Script {
-        QElapsedTimer clock;
-        clock.start();
-        form.lvFiles->setRows(rows);
-        form.lvFiles->grab();
-        const qint64 fill = clock.elapsed();
-        clock.start();
-        form.lvFiles->sortBy(0, Qt::AscendingOrder);
-        const qint64 sort = clock.elapsed();
-        RecordProperty("fill_ms", int(fill));
-        RecordProperty("sort_ms", int(sort));
-        EXPECT_LT(fill, 1500);
-        EXPECT_LT(sort, 6000);
-        co_return;
-    });
 }

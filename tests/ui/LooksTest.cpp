@@ -68,9 +68,7 @@ TEST_P(Looks, NoTextIsClippedAtAnySizeOfFont)
         QFont font = usual;
         font.setPointSizeF(usual.pointSizeF() * factor);
         QApplication::setFont(font);
-        const std::pair<const char*, std::unique_ptr<QWidget> (*)()> galleries[] = {
-            {"form", formGallery}, {"list", listGallery}, {"dashboard", dashboardGallery}, {"popup", popupGallery}};
-        for (const auto& [name, make] : galleries) {
+        for (const auto& [name, make] : {std::pair{"form", &formGallery}, {"popup", &popupGallery}}) {
             const auto window = make();
             show(*window);
             expectNothingClipped(*window);
