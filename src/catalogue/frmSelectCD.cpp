@@ -42,8 +42,8 @@ void frmSelectCD::setUpControls()
 
 void frmSelectCD::build()
 {
-    QLabel* number = label(u"Но&мер"_s, txtNumber);
-    QLabel* disc = label(u"&Диск набора"_s, cmbCountCD);
+    QLabel* number = label(u"Но&мер:"_s, txtNumber);
+    QLabel* disc = label(u"&Диск набора:"_s, cmbCountCD);
     setTag({number, txtNumber, disc, cmbCountCD}, MyGroup);
     const int digits = fontMetrics().horizontalAdvance(u"0000000000"_s);
     txtNumber->setFixedWidth(digits);
