@@ -5,17 +5,6 @@
 
 #include <utility>
 
-std::optional<NumberedDisc> DiscNumbered(const Database& main, const CatalogueKind& kind, int number)
-{
-    const Recordset row = main.OpenRecordset(
-        u"SELECT * FROM %1 WHERE Номер = ? ORDER BY %2"_s.arg(kind.table, kind.key), {number});
-    if (row.RecordCount() == 0) return {};
-    return NumberedDisc{.key = row.value(kind.key).toLong(),
-                        .number = number,
-                        .name = row.value(u"Название").text(),
-                        .album = kind.album ? row.value(u"Альбом").text() : QString()};
-}
-
 std::optional<int> FirstFreeNumber(const Database& main, const CatalogueKind& kind, int after)
 {
     // Candidates are the number behind `after` and those behind a number that is taken: the first free one is among them.

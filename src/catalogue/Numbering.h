@@ -1,19 +1,11 @@
 #pragma once
 
 #include "frame/Program.h"
-#include "store/CatalogueKind.h"
+#include "store/NumberedDisc.h"
 
 #include <optional>
 
 inline constexpr int LastNumber = 32767;
-
-struct NumberedDisc {
-    qint64 key = 0;
-    int number = 0;
-    QString name, album; ///< of what is no audio disc the album is empty
-};
-/// The first disc in stored order that has the number.
-std::optional<NumberedDisc> DiscNumbered(const Database& main, const CatalogueKind& kind, int number);
 
 /// The smallest number above `after` that no disc of the catalogue has: gaps are filled before the end is extended. None
 /// when all are taken.

@@ -1,10 +1,10 @@
 #include "catalogue/frmCatalogue.h"
 
 #include "catalogue/DiscRecord.h"
-#include "catalogue/LoanMark.h"
 #include "catalogue/RecordSource.h"
 #include "frame/Settings.h"
 #include "frame/Text.h"
+#include "lending/Ledger.h"
 #include "recognition/BoundDisc.h"
 #include "recognition/DiscIdentity.h"
 #include "ui/Theme.h"

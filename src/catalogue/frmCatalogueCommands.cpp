@@ -1,11 +1,11 @@
 #include "catalogue/Catalogues.h"
 #include "catalogue/DiscRecord.h"
 #include "catalogue/DiscRemoval.h"
-#include "catalogue/LoanMark.h"
 #include "catalogue/frmAddCD.h"
 #include "catalogue/frmAddInCatalogue.h"
 #include "catalogue/frmCatalogue.h"
 #include "frame/Settings.h"
+#include "lending/Ledger.h"
 
 void frmCatalogue::cmdAdd()
 {

@@ -1,7 +1,6 @@
 #include "catalogue/DiscRecord.h"
 #include "catalogue/DiscRemoval.h"
 #include "catalogue/Given.h"
-#include "catalogue/LoanMark.h"
 #include "catalogue/Reduction.h"
 #include "catalogue/UpDown.h"
 #include "harness/ScreenTest.h"
@@ -127,23 +126,6 @@ TEST_F(DiscRecords, RemovalTakesListsRowAndCoverAndPassesOverAListThatIsGone)
     EXPECT_FALSE(QFile::exists(path("box/pc_5.box")));
     EXPECT_TRUE(QFile::exists(path("box/ad_5.box")));
     EXPECT_EQ(rows("SELECT ПослОбновлКомпьютер FROM _Информация").trimmed(), "2003-11-14");
-}
-
-TEST_F(DiscRecords, TheBorrowerIsWhoHasTheDiscNow)
-{
-    ShelfDisc disc = shelf.computer(1, "Диск").lent("Иванов", "2003-01-02", "2003-02-01").lent("Петрова", "2003-05-09");
-    shelf.audio(1, "Той же цифры ключ").lent("Сидоров", "2003-05-09");
-    EXPECT_EQ(BorrowerOf(main(), Computer(), disc.key()), "Петрова");
-
-    TakeBack(main(), Computer(), disc.key(), clock.today());
-    EXPECT_EQ(BorrowerOf(main(), Computer(), disc.key()), "");
-    EXPECT_EQ(rows("SELECT Категория, Долг, ДатаВозвратаРеальная FROM Должники WHERE ДатаВыдачи = \"2003-05-09\""),
-              "PC | 0 | 2003-11-14\nAD | -1 | Null\n");
-
-    const qint64 marked = shelf.computer(2, "Без записи в книге").set("Должник", true).key();
-    EXPECT_EQ(BorrowerOf(main(), Computer(), marked), "");
-    TakeBack(main(), Computer(), marked, clock.today());
-    EXPECT_EQ(rows("SELECT Должник FROM Компьютер"), "0\n0\n");
 }
 
 TEST(Steps, StopAtTheirEndsAndKeepTheirDigits)

@@ -1,0 +1,264 @@
+#include "lending/Ledger.h"
+#include "catalogue/DiscRemoval.h"
+#include "catalogue/NumberChange.h"
+#include "harness/ScreenTest.h"
+#include "lending/Borrowers.h"
+#include "lending/DiscHistory.h"
+#include "lending/Rating.h"
+#include "store/Summary.h"
+
+#include <QRandomGenerator>
+#include <cmath>
+
+namespace {
+class Ledger : public ScreenTest {
+protected:
+    Database main() { return program.mainDatabase(); }
+};
+
+TEST_F(Ledger, TheBorrowerIsWhoHasTheDiscNow)
+{
+    ShelfDisc disc = shelf.computer(1, "Диск").lent("Иванов", "2003-01-02", "2003-02-01").lent("Петрова", "2003-05-09");
+    shelf.audio(1, "Той же цифры ключ").lent("Сидоров", "2003-05-09");
+    EXPECT_EQ(BorrowerOf(main(), Computer(), disc.key()), "Петрова");
+    EXPECT_FALSE(IssueDisc(main(), Computer(), disc.key(), shelf.borrower("Иванов"), {}));
+
+    TakeBack(main(), Computer(), disc.key(), clock.today());
+    EXPECT_EQ(BorrowerOf(main(), Computer(), disc.key()), "");
+    EXPECT_EQ(rows("SELECT Категория, Долг, ДатаВозвратаРеальная FROM Должники WHERE ДатаВыдачи = \"2003-05-09\""),
+              "PC | 0 | 2003-11-14\nAD | -1 | Null\n");
+
+    EXPECT_TRUE(IssueDisc(main(), Computer(), disc.key(), shelf.borrower("Иванов"), QDate(2003, 12, 1)));
+    EXPECT_EQ(rows("SELECT ДатаВыдачи, ДатаВозврата, ДатаВозвратаРеальная FROM Должники WHERE Долг = True AND "
+                   "Категория = \"PC\""),
+              "2003-11-14 | 2003-12-01 | Null\n");
+    EXPECT_TRUE(ChangeTerm(main(), Computer(), disc.key(), {}));
+    EXPECT_FALSE(ChangeTerm(main(), Dvd(), disc.key(), {}));
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Должники WHERE Долг = True AND ДатаВозврата IS NULL").trimmed(), "2");
+}
+
+TEST_F(Ledger, AMarkWithoutAnOpenLoanGoesWithTheReturn)
+{
+    const qint64 marked = shelf.computer(2, "Без записи в книге").set("Должник", true).key();
+    EXPECT_EQ(BorrowerOf(main(), Computer(), marked), "");
+    TakeBack(main(), Computer(), marked, clock.today());
+    EXPECT_EQ(rows("SELECT Должник FROM Компьютер"), "0\n");
+
+    // A return that looks at the newest loan dates it anew, one that looks at open ones leaves it.
+    ShelfDisc disc = shelf.audio(3, "Вернулся").lent("Иванов", "2003-01-02", "2003-02-01");
+    const QString day = "SELECT ДатаВозвратаРеальная FROM Должники";
+    EXPECT_EQ(CloseLoan(main(), Audio(), disc.key(), clock.today(), Closes::NewestOpen), "");
+    EXPECT_EQ(rows(day), "2003-02-01\n");
+    EXPECT_EQ(CloseLoan(main(), Audio(), disc.key(), clock.today()), "Иванов");
+    EXPECT_EQ(rows(day), "2003-11-14\n");
+}
+
+TEST_F(Ledger, BorrowersAreOnePerNameAndGoWithTheirLoans)
+{
+    const qint64 one = FindOrAddBorrower(main(), "Иванов");
+    EXPECT_EQ(FindOrAddBorrower(main(), "ИВАНОВ"), one);
+    EXPECT_NE(FindOrAddBorrower(main(), "Иванов \"младший\""), one);
+    EXPECT_EQ(PhoneOf(main(), one), "нет");
+    EXPECT_EQ(ChangePhone(main(), one, "123-45-67"), "123-45-67");
+    EXPECT_EQ(ChangePhone(main(), one, ""), "нет");
+    RenameBorrower(main(), one, "Яковлев");
+    EXPECT_EQ(BorrowerNames(main()).join('|'), "Яковлев|Иванов \"младший\"");
+    EXPECT_THROW(AddBorrower(main(), QString(LongestName + 1, u'я')), RuntimeError);
+
+    const qint64 disc = shelf.dvd(1, "Фильм").lent("Яковлев", "2003-01-02", "2003-02-01").lent("Б", "2003-03-01").key();
+    EXPECT_FALSE(HasOpenLoans(main(), one));
+    EXPECT_TRUE(HasOpenLoans(main(), shelf.borrower("Б")));
+    DeleteBorrower(main(), one);
+    QStringList history;
+    for (const HistoryEntry& entry : HistoryOf(main(), Dvd(), disc))
+        history += entry.borrower + entry.given.toString(u" d.M") + entry.returned.toString(u" d.M");
+    EXPECT_EQ(history, QStringList("Б 1.3"));
+}
+
+/// The shelf and its ledger as a person would keep them on paper, and the same done by the program.
+class LedgerLife : public Ledger {
+protected:
+    struct Disc {
+        const CatalogueKind* kind;
+        qint64 key;
+        int number;
+        bool operator==(const Disc& other) const { return kind == other.kind && key == other.key; }
+    };
+    struct PaperLoan {
+        QString borrower;
+        const CatalogueKind* kind;
+        qint64 disc;
+        QDate given, due, returned;
+    };
+
+    int below(qsizetype limit) { return random.bounded(int(limit)); }
+    QString name() { return u"Должник %1"_s.arg(below(7)); }
+    QDate term() { return below(4) == 0 ? QDate() : clock.today().addDays(below(25)); }
+    PaperLoan* openLoan(const Disc& disc)
+    {
+        for (PaperLoan& loan : loans)
+            if (loan.kind == disc.kind && loan.disc == disc.key && !loan.returned.isValid()) return &loan;
+        return nullptr;
+    }
+    NumberedDisc numbered(const Disc& disc) { return *DiscWithKey(main(), *disc.kind, disc.key); }
+
+    void step()
+    {
+        const CommandScope command(engine);
+        if (discs.size() < 4 || below(12) == 0) return addDisc();
+        Disc& disc = discs[below(discs.size())];
+        switch (below(14)) {
+        case 0: return changeTerm(disc);
+        case 1: return removeDisc(disc);
+        case 2: return removeBorrower(name());
+        case 3: return renumber(disc);
+        case 4: return moveNumbers(*disc.kind, disc.number);
+        case 5: return swap(disc, discs[below(discs.size())]);
+        case 6: return clock.pass(below(30));
+        case 7: return engine.ReleaseAll(); // what the next step finds is what the files hold
+        default: return openLoan(disc) ? takeBack(disc) : issue(disc);
+        }
+    }
+    void addDisc()
+    {
+        const CatalogueKind& kind = *AllCatalogues()[std::size_t(below(3))];
+        const int number = *FirstFreeNumber(main(), kind);
+        discs += {&kind, shelf.disc(kind, number, "Диск").key(), number};
+    }
+    void issue(const Disc& disc)
+    {
+        const QString borrower = name();
+        const QDate due = term();
+        EXPECT_TRUE(IssueDisc(main(), *disc.kind, disc.key, FindOrAddBorrower(main(), borrower), due));
+        loans += {borrower, disc.kind, disc.key, clock.today(), due, {}};
+    }
+    void takeBack(const Disc& disc)
+    {
+        TakeBack(main(), *disc.kind, disc.key, clock.today(), below(2) ? Closes::Newest : Closes::NewestOpen);
+        openLoan(disc)->returned = clock.today();
+    }
+    void changeTerm(const Disc& disc)
+    {
+        const QDate due = term();
+        PaperLoan* loan = openLoan(disc);
+        EXPECT_EQ(ChangeTerm(main(), *disc.kind, disc.key, due), loan != nullptr);
+        if (loan) loan->due = due;
+    }
+    void removeDisc(const Disc& disc)
+    {
+        if (openLoan(disc)) return;
+        RemoveDisc(program, *disc.kind, disc.key);
+        discs.removeOne(Disc(disc));
+    }
+    void removeBorrower(const QString& borrower)
+    {
+        const auto key = FindBorrower(main(), borrower);
+        if (!key || HasOpenLoans(main(), *key)) return;
+        DeleteBorrower(main(), *key);
+        loans.removeIf([&](const PaperLoan& loan) { return loan.borrower == borrower; });
+    }
+    void renumber(Disc& disc)
+    {
+        const int number = *FirstFreeNumber(main(), *disc.kind, below(20));
+        ChangeNumber(program, *disc.kind, numbered(disc), number);
+        disc.number = number;
+    }
+    void moveNumbers(const CatalogueKind& kind, int start)
+    {
+        int from = start;
+        EXPECT_TRUE(MoveNumbers(program, kind, from));
+        for (Disc& disc : discs)
+            if (disc.kind == &kind && disc.number >= start) ++disc.number;
+    }
+    void swap(Disc& one, Disc& other)
+    {
+        if (one.kind != other.kind) return;
+        SwapNumbers(program, *one.kind, numbered(one), numbered(other));
+        std::swap(one.number, other.number);
+    }
+
+    void compareMarks()
+    {
+        for (const CatalogueKind* kind : AllCatalogues()) {
+            const QString marked = u"SELECT %1 FROM %2 WHERE Должник = True ORDER BY %1"_s.arg(kind->key, kind->table);
+            const QString open =
+                u"SELECT КодДиска FROM Должники WHERE Долг = True AND Категория = '%1' ORDER BY КодДиска"_s.arg(
+                    kind->code);
+            EXPECT_EQ(rows(marked), rows(open)) << qPrintable(kind->code);
+        }
+        for (const Disc& disc : discs) {
+            const PaperLoan* loan = openLoan(disc);
+            EXPECT_EQ(BorrowerOf(main(), *disc.kind, disc.key), loan ? loan->borrower : QString());
+            EXPECT_EQ(numbered(disc).number, disc.number);
+            QString told, expected;
+            for (const HistoryEntry& entry : HistoryOf(main(), *disc.kind, disc.key))
+                told += entry.borrower + entry.given.toString() + entry.returned.toString();
+            for (const PaperLoan& past : loans)
+                if (past.kind == disc.kind && past.disc == disc.key)
+                    expected += past.borrower + past.given.toString() + past.returned.toString();
+            EXPECT_EQ(told, expected);
+        }
+    }
+    void compareCounters()
+    {
+        const auto summary = Summarise(main());
+        const PerCatalogue overdue = OverdueLoans(main(), clock.today());
+        for (std::size_t i = 0; i < 3; ++i) {
+            const CatalogueKind* kind = AllCatalogues()[i];
+            const auto open = [&](const PaperLoan& loan) { return loan.kind == kind && !loan.returned.isValid(); };
+            const auto late = [&](const PaperLoan& loan) {
+                return open(loan) && loan.due.isValid() && loan.due <= clock.today();
+            };
+            EXPECT_EQ(summary[i].discs, std::ranges::count(discs, kind, &Disc::kind));
+            EXPECT_EQ(summary[i].lent, std::ranges::count_if(loans, open));
+            EXPECT_EQ(overdue[i], std::ranges::count_if(loans, late));
+        }
+    }
+    void compareRatings()
+    {
+        for (int i = 0; i < 7; ++i) {
+            const QString borrower = u"Должник %1"_s.arg(i);
+            int all = 0, out = 0, days = 0;
+            QString expected, told;
+            for (const PaperLoan& loan : loans) {
+                if (loan.borrower != borrower) continue;
+                const bool back = loan.returned.isValid();
+                const qint64 late = back && loan.due.isValid() ? qMax(qint64(0), loan.due.daysTo(loan.returned)) : 0;
+                const auto disc = std::ranges::find(discs, Disc{loan.kind, loan.disc, 0});
+                expected += u"%1 %2 %3;"_s.arg(loan.kind->code).arg(disc == discs.end() ? 0 : disc->number).arg(late);
+                ++all;
+                out += !back;
+                days += int(late);
+            }
+            const int mean = all == 0 ? 0 : int(std::nearbyint(double(days) / all));
+            const auto key = FindBorrower(main(), borrower);
+            const auto record = key ? RecordOf(main(), *key, clock.today()) : QList<RecordedLoan>();
+            for (const RecordedLoan& loan : record)
+                told += u"%1 %2 %3;"_s.arg(loan.kind->code).arg(loan.number).arg(loan.daysLate);
+            EXPECT_EQ(told, expected) << qPrintable(borrower);
+            const Standing standing = StandingOf(record);
+            EXPECT_EQ(standing.rating, qMin(mean, 80));
+            EXPECT_EQ(standing.totalDays, days);
+            EXPECT_EQ(standing.out, out);
+            EXPECT_EQ(WarningAbout(main(), borrower, clock.today()), mean > 5 ? RatingWord(mean) : QString());
+        }
+    }
+
+    QRandomGenerator random;
+    QList<Disc> discs;
+    QList<PaperLoan> loans;
+};
+
+TEST_F(LedgerLife, LedgerMarksCountersAndRatingsAgreeAfterWhateverIsDone)
+{
+    random.seed(20031114);
+    for (int done = 0; done < 160 && !HasFailure(); ++done) {
+        SCOPED_TRACE(done);
+        step();
+        compareMarks();
+        compareCounters();
+        compareRatings();
+    }
+    EXPECT_GT(loans.size(), 20);
+}
+}
