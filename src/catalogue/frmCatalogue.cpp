@@ -201,6 +201,13 @@ void frmCatalogue::ShowWholeCatalogue()
 
 void frmCatalogue::allow(int button, bool allowed) { imgButton[std::size_t(button)]->setEnabled(allowed); }
 
+/// Why a disc can be neither deleted nor changed.
+void frmCatalogue::explainLock(const QString& why)
+{
+    imgButton[2]->setWhyDisabled(why);
+    imgButton[3]->setWhyDisabled(why);
+}
+
 void frmCatalogue::showCounter()
 {
     lblCDsCount0->setText(program.shared.CatalogueQueryFilter.isEmpty() ? u"Дисков в каталоге:"_s
@@ -223,6 +230,7 @@ void frmCatalogue::dcDatabase_Reposition()
         rowShown();
         if (external()) {
             for (const int button : {2, 3, 4}) allow(button, false);
+            explainLock(u"Внешнюю базу данных можно только просматривать"_s);
             m_due->setOn(false);
         } else {
             CheckDue();
@@ -234,6 +242,7 @@ void frmCatalogue::showNoRow()
 {
     for (const int button : {2, 3, 4, 6})
         if (imgButton[std::size_t(button)]) allow(button, false);
+    explainLock({});
     emptied();
     // An empty catalogue leaves nothing to search in; an empty result leaves the filters to be changed.
     const bool filtered = !program.shared.CatalogueQueryFilter.isEmpty();
@@ -258,6 +267,7 @@ void frmCatalogue::CheckDue()
     const bool lent = dcDatabase->value(u"Должник").toBool();
     allow(2, !lent);
     allow(3, !lent);
+    explainLock(u"Диск на руках: сначала примите его обратно"_s);
     allow(4, program.offers(u"frmAddInDue"));
     lblDue->setText(lent ? u"Должник\n"_s + BorrowerOf(program.mainDatabase(), kind, currentKey()) : QString());
     m_due->setOn(lent);

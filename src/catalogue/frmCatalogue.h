@@ -128,6 +128,7 @@ private:
     void unlessDiskIsFull(const std::function<void()>& body);
 
     void allow(int button, bool allowed);
+    void explainLock(const QString& why);
     bool external() const { return program.shared.ExternalDBOpen; }
     qint64 currentKey() const { return dcDatabase->value(kind.key).toLong(); }
     int currentNumber() const { return dcDatabase->value(u"Номер").toInt(); }
