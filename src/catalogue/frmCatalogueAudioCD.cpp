@@ -12,10 +12,11 @@ frmCatalogueAudioCD::frmCatalogueAudioCD(Program& program) : frmCatalogue(progra
     connect(txtAlbum, &QLineEdit::returnPressed, this, [this] { txtAlbum_KeyPress(); });
     connect(cmbCountCD, &QComboBox::activated, this, [this] { cmbCountCD_Click(); });
 
-    auto* counts = row(txtTrecks, label(u"&Время"_s, txtTime), txtTime, label(u"на дис&ке"_s, cmbCountCD), cmbCountCD);
+    auto* counts = row(txtTrecks, label(u"&Время:"_s, txtTime), txtTime, label(u"на дис&ке:"_s, cmbCountCD),
+                       cmbCountCD);
     build({.titleCaption = label(u"&Альбом [запрос]"_s, txtAlbum),
            .title = txtAlbum,
-           .countsCaption = label(u"&Треков"_s, txtTrecks),
+           .countsCaption = label(u"&Треков:"_s, txtTrecks),
            .counts = counts});
 }
 

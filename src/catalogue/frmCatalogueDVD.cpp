@@ -16,8 +16,8 @@ frmCatalogueDVD::frmCatalogueDVD(Program& program) : frmCatalogue(program, Dvd()
     // The list is there to be looked at: its caption counts the formats, whichever of them is pointed at.
     connect(cmbSoundFormat, &QComboBox::activated, cmbSoundFormat, [this] { cmbSoundFormat->setCurrentIndex(-1); });
 
-    build({.countsCaption = label(u"&Зона"_s, txtZone),
-           .counts = row(txtZone, label(u"&Время, мин."_s, txtTime), txtTime, cmbSoundFormat),
+    build({.countsCaption = label(u"&Зона:"_s, txtZone),
+           .counts = row(txtZone, label(u"&Время, мин.:"_s, txtTime), txtTime, cmbSoundFormat),
            .below = column(label(u"&Описание:"_s, txtDescription), txtDescription)});
 }
 

@@ -27,21 +27,21 @@ QLayout* frmCatalogue::listSide()
 
 QLayout* frmCatalogue::detailSide(const OwnFields& own)
 {
-    auto* first = row(txtNumber, label(u"&Год"_s, txtYear), txtYear, label(u"&Дисков"_s, txtCDs), txtCDs);
+    auto* first = row(txtNumber, label(u"&Год:"_s, txtYear), txtYear, label(u"&Дисков:"_s, txtCDs), txtCDs);
     first->setStretchFactor(txtNumber, 3);
     first->setStretchFactor(txtYear, 3);
     first->setStretchFactor(txtCDs, 2);
-    auto* dates = row(txtDateAdd, label(u"&Изменен"_s, txtDateUpdate), txtDateUpdate);
+    auto* dates = row(txtDateAdd, label(u"&Изменен:"_s, txtDateUpdate), txtDateUpdate);
     for (QLineEdit* box : {txtDateAdd, txtDateUpdate}) keepRoomFor(box, u"28-сент.-2000"_s);
     keepRoomFor(txtName, QString(32, u'о'));
     keepRoomFor(cmbDictionary, QString(16, u'о')); // and not for the longest name of the dictionary
     auto* common = grid({
-        {label(u"Но&мер"_s, txtNumber), first},
+        {label(u"Но&мер:"_s, txtNumber), first},
         {label(kind.nameCaption + u" [запрос]"_s, txtName), txtName},
         {own.titleCaption, own.title},
         {label(kind.dictionary.caption + u" [запрос]"_s, cmbDictionary), cmbDictionary},
         {own.countsCaption, own.counts},
-        {label(u"До&бавлен"_s, txtDateAdd), dates},
+        {label(u"До&бавлен:"_s, txtDateAdd), dates},
     });
     fraMain[0]->setLayout(own.below ? column(common, own.below) : column(common, stretch));
     const auto cover = std::size_t(kind.coverButton);
