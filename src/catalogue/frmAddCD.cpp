@@ -178,7 +178,7 @@ void frmAddCD::cmdOK()
         const auto editor = MakeEditor(program, kind);
         {
             const Hourglass hourglass;
-            editor->AddUnder(number);
+            editor->AddUnder(number, kind.titleFromLabel && chAutoDetect->isChecked() ? m_disc.label : QString());
         }
         Unload();
         hide(); // the editor comes up in this window's place, and this one does not come back

@@ -105,13 +105,18 @@ void frmAddInCatalogue::Form_Load()
     });
 }
 
-void frmAddInCatalogue::AddUnder(int number)
+void frmAddInCatalogue::AddUnder(int number, const QString& title)
 {
     Load();
     m_key = 0;
     m_number = number;
     lblCDsCount0->setText(kind.addCaption);
     lblNumber->setText(QString::number(number));
+    {
+        const QSignalBlocker nothingTyped(txtName); // that would have to be completed
+        txtName->setText(title);
+    }
+    txtName->selectAll();
 }
 
 void frmAddInCatalogue::Change(const DiscRecord& record)

@@ -15,7 +15,8 @@ public:
     frmAddInCatalogue(Program& program, const CatalogueKind& kind);
 
     /// One of the two, before ShowModal(). A change takes OldDiscCount from the record.
-    void AddUnder(int number);
+    /// `title` is offered: typing replaces it.
+    void AddUnder(int number, const QString& title = {});
     void Change(const DiscRecord& record);
 
     /// Key of the disc that was saved.

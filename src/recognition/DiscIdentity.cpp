@@ -24,7 +24,7 @@ DiscInDrive identify(const Program& program, const VolumeProperties& volume)
 {
     const QString id = SerialToID(volume.serial);
     const QString kind = KindOfVolume(volume, ReadSkipCD(program, id));
-    return {kind, kind.isEmpty() ? QString() : id};
+    return {kind, kind.isEmpty() ? QString() : id, volume.label};
 }
 
 }

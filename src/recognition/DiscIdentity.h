@@ -19,6 +19,7 @@ QString KindOfVolume(const VolumeProperties& volume, const QString& correction);
 struct DiscInDrive {
     QString kind; ///< kind word, empty without a usable medium
     QString id;   ///< empty without a usable medium, and for a medium without a serial number
+    QString label = {};
 };
 /// Asks the drive ("E:\") afresh, for commands. May open the category dialog. Faults go to the fault routine.
 /// CurrentDiscID is left alone.

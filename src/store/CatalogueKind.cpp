@@ -152,6 +152,7 @@ const CatalogueKind& Computer()
         .clearsAutoDetectTag = true,
         .extraFields = {u"РасОписание"_s},
         .reductionFifthField = u"ДискID45"_s,
+        .titleFromLabel = true,
         .noIdentifierMessage = u"Идентификатор не обнаружен!"_s,
     };
     return kind;

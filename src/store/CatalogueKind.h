@@ -89,6 +89,7 @@ struct CatalogueKind {
     QString reductionFifthField = listField(5);
 
     // Add dialog
+    bool titleFromLabel = false; ///< the label of the medium is offered as the title of a new disc
     QString noIdentifierMessage;
     int searchEnd = 0; ///< a search for a free number gives up when a refusal brings it here; 0: never
 

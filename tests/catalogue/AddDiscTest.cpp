@@ -51,6 +51,22 @@ TEST_F(AddDisc, OffersTheFirstFreeNumberAndBindsANewDiscOfTheRightKind)
     EXPECT_EQ(program.shared.CatalogueQueryFilter, "");
 }
 
+TEST_F(AddDisc, TheLabelOfTheDiscIsOfferedAsItsTitle)
+{
+    shelf.computer(1, "NEWS of the world");
+    insert(FakeDisc::data("NEW", 0x1A2B));
+    for (const bool bound : {false, true})
+        add([&]() -> Script {
+            co_await check("chAutoDetect", bound);
+            expectForm("frmAddInCataloguePC");
+            co_await click("imgButton_0");
+            EXPECT_EQ(shown("txtName"), bound ? "NEW" : "") << "and is not completed";
+            EXPECT_EQ(control<QLineEdit>("txtName").selectedText(), shown("txtName"));
+            co_await click(bound ? "imgButton_0" : "imgButton_1");
+        });
+    EXPECT_EQ(discs(), "1 | NEWS of the world | Null\n2 | NEW | 1A2B\n");
+}
+
 TEST_F(AddDisc, WrongKindOrNoDiscIsNotBound)
 {
     insert(FakeDisc::dvd("MOVIE", 0x77));
