@@ -8,6 +8,14 @@
 
 static QString plain(QString text) { return text.remove(u'&').remove(u"..."_s).remove(u'…'); }
 
+QString ToolText(const Command& command)
+{
+    for (const MenuDef& menu : AllMenus())
+        if (!menu.inMenuBar && !menu.text.isEmpty() && menu.entries.contains(command.id))
+            return u"%1: %2"_s.arg(plain(menu.text), plain(command.text));
+    return plain(command.text);
+}
+
 static QAction* makeAction(const Command& command, QObject* owner)
 {
     auto* action = new QAction(command.text, owner);
@@ -19,7 +27,8 @@ static QAction* makeAction(const Command& command, QObject* owner)
     // On a toolbar the others show their icon alone.
     action->setPriority(command.toolbarText.isEmpty() ? QAction::LowPriority : QAction::NormalPriority);
     const QString keys = command.shortcut.toString(QKeySequence::NativeText);
-    action->setToolTip(keys.isEmpty() ? plain(command.text) : u"%1 (%2)"_s.arg(plain(command.text), keys));
+    const QString text = ToolText(command);
+    action->setToolTip(keys.isEmpty() ? text : u"%1 (%2)"_s.arg(text, keys));
     return action;
 }
 

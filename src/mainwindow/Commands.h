@@ -23,6 +23,9 @@ struct Command {
     bool checkable = false;
 };
 const QList<Command>& AllCommands();
+/// What it is called where its menu is not in sight: without mnemonic, and after the name of its submenu, which its own
+/// text alone would not tell from others: "Добавить: Аудио диск".
+QString ToolText(const Command& command);
 
 /// The commands of one catalogue.
 struct CatalogueCommands {

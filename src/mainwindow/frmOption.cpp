@@ -150,10 +150,8 @@ QWidget* frmOption::databasePage()
     txtPathLocalDB->setReadOnly(true);
     cmdPathLocalDB->setup(u"folder-open"_s, u"Вы&брать…"_s, u"Выбрать папку базы данных"_s);
     connect(cmdPathLocalDB, &QPushButton::clicked, this, &frmOption::changeFolder);
-    if (program.shared.ExternalDBOpen) {
-        cmdPathLocalDB->setEnabled(false);
-        cmdPathLocalDB->setToolTip(u"Сначала откройте локальную базу данных"_s);
-    }
+    cmdPathLocalDB->setWhyDisabled(u"Сначала откройте локальную базу данных"_s);
+    cmdPathLocalDB->setEnabled(!program.shared.ExternalDBOpen);
     return page(section(label(u"Путь к локальной базе данных:"_s, txtPathLocalDB), row(txtPathLocalDB, cmdPathLocalDB),
                         note(u"Новый путь действует сразу, и кнопка «Отмена» его не возвращает. Файлы базы данных "
                              u"остаются на прежнем месте."_s)),

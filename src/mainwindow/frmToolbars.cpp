@@ -5,24 +5,13 @@
 
 namespace {
 
-QString plain(QString text) { return text.remove(u'&').remove(u"..."_s).remove(u'…'); }
-
-/// "Добавить: Аудио диск" for an entry of a submenu, which its own text would not tell from others.
-QString toolText(const Command& command)
-{
-    for (const MenuDef& menu : AllMenus())
-        if (!menu.inMenuBar && !menu.text.isEmpty() && menu.entries.contains(command.id))
-            return u"%1: %2"_s.arg(plain(menu.text), plain(command.text));
-    return plain(command.text);
-}
-
 QListWidgetItem* makeItem(const QString& tool)
 {
     auto* item = new QListWidgetItem(icon(u"drive"_s), u"CD/DVD-ROM по умолчанию"_s);
     for (const Command& command : AllCommands()) {
         if (command.id != tool) continue;
         item->setIcon(icon(command.icon));
-        item->setText(toolText(command));
+        item->setText(ToolText(command));
     }
     item->setData(Qt::UserRole, tool);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled);
