@@ -24,6 +24,24 @@ head -c 62 /dev/zero >>"$disc/Музыка/01.mp3"
 genisoimage -quiet -V ZIMA2003 -J -R -input-charset utf-8 -o "$folder/zima2003.iso" "$disc" 2>/dev/null
 rm -r "$disc"
 
+# A film: a UDF disc. A record: three tracks of silence with CD-TEXT. A cover for it.
+mkdir -p "$disc/VIDEO_TS"
+for name in VIDEO_TS.IFO VIDEO_TS.BUP VTS_01_0.IFO; do head -c 12288 /dev/zero >"$disc/VIDEO_TS/$name"; done
+genisoimage -quiet -V SKAZKA -udf -o "$folder/skazka.iso" "$disc" 2>/dev/null
+rm -r "$disc"
+truncate -s $((2352 * 75 * 60 * 9)) "$folder/orkestr.bin"
+cat >"$folder/orkestr.cue" <<'SHEET'
+TITLE "Снег"
+PERFORMER "Оркестр"
+FILE "orkestr.bin" BINARY
+  TRACK 01 AUDIO
+    INDEX 01 00:00:00
+  TRACK 02 AUDIO
+    INDEX 01 03:10:20
+  TRACK 03 AUDIO
+    INDEX 01 06:45:11
+SHEET
+
 cp "$build/vinora_walk" "$folder/program/vinora"
 # A window manager gives the windows their frames and the keyboard.
 walk() {
@@ -32,7 +50,7 @@ walk() {
         walk "$folder/program/vinora" "$folder/pictures$1" "${@:2}"
 }
 mkdir "$folder/pictures/next-day"
-walk "" "$folder/zima2003.iso"
+walk "" "$folder"
 walk /next-day
 
 echo

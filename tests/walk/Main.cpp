@@ -1,12 +1,16 @@
-// A day with one computer disc: vinora_walk <folder for pictures> <image>, or <folder> alone for the look at the next day.
+// A day with a shelf of discs: vinora_walk <folder for pictures> <folder with images>, or the first alone for the look at
+// the next day.
 #include "mainwindow/Application.h"
 #include "mainwindow/frmMain.h"
 #include "walk/Walk.h"
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
+#include <QTabBar>
 
 namespace {
 
@@ -17,21 +21,38 @@ void leave(Walk& walk)
     walk.press(Qt::Key_Return);
 }
 
-void firstDay(Walk& walk, const QString& image)
+/// Types a path into the file chooser that is open.
+void choose(Walk& walk, const QString& path)
 {
-    walk.picture(u"empty-shelf"_s);
-
-    // The image into the virtual drive, by keyboard.
-    walk.press(Qt::Key_I, Qt::ControlModifier);
-    walk.step(u"name the image"_s, [&walk, image] {
+    walk.step(u"name the file"_s, [&walk, path] {
         auto* chooser = qobject_cast<QFileDialog*>(walk.top());
-        if (chooser) chooser->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(image);
+        if (chooser) chooser->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
     });
     walk.press(Qt::Key_Return);
-    walk.until(u"the new disc is seen"_s, [&walk] {
-        auto* sign = walk.top()->findChild<QLabel*>(u"lblNewPC"_s);
-        return sign && sign->isVisible();
+}
+
+/// An image into the virtual drive, by keyboard; the sign of its catalogue says that it is new.
+void insert(Walk& walk, const QString& image, const QString& sign)
+{
+    walk.press(Qt::Key_I, Qt::ControlModifier);
+    choose(walk, image);
+    walk.until(u"the new disc is seen"_s, [&walk, sign] {
+        auto* label = walk.top()->findChild<QLabel*>(sign);
+        return label && label->isVisible();
     });
+}
+
+void untilKnown(Walk& walk, const QString& sign)
+{
+    walk.until(u"the disc is known"_s, [&walk, sign] {
+        auto* label = walk.top()->findChild<QLabel*>(sign);
+        return label && label->isVisible() && label->text().contains(u"№ 1");
+    });
+}
+
+void computerDisc(Walk& walk, const QString& image)
+{
+    insert(walk, image, u"lblNewPC"_s);
     walk.picture(u"new-disc-seen"_s);
 
     // Added and bound.
@@ -64,20 +85,84 @@ void firstDay(Walk& walk, const QString& image)
     walk.picture(u"files-of-a-folder"_s);
     walk.press(Qt::Key_Escape);
     walk.press(Qt::Key_Escape);
-    walk.until(u"the disc is known"_s, [&walk] {
-        auto* sign = walk.top()->findChild<QLabel*>(u"lblNewPC"_s);
-        return sign && sign->isVisible() && sign->text().contains(u"№ 1");
-    });
+    untilKnown(walk, u"lblNewPC"_s);
     walk.picture(u"disc-known"_s);
+}
+
+void audioDisc(Walk& walk, const QString& image, const QString& cover)
+{
+    insert(walk, image, u"lblNewAD"_s);
+    walk.click(u"cmd_ID_Catalog_AddAudioCD"_s);
+    walk.picture(u"add-audio-number"_s);
+    walk.press(Qt::Key_Return);
+    walk.type(u"txtName"_s, u"Оркестр"_s);
+    walk.type(u"txtAlbum"_s, u"Снег"_s);
+    walk.type(u"txtStyle"_s, u"Классика"_s);
+    walk.click(u"imgButton_2"_s);
+    walk.press(Qt::Key_Return);
+    walk.picture(u"audio-details"_s);
+    walk.click(u"imgButton_0"_s);
+    walk.picture(u"audio-catalogue"_s);
+
+    // Its cover.
+    walk.step(u"the tab of the cover"_s,
+              [&walk] { walk.top()->findChild<QTabBar*>(u"TabStrip"_s)->setCurrentIndex(1); });
+    walk.click(u"imgButton_8"_s);
+    choose(walk, cover);
+    walk.picture(u"audio-cover"_s);
+    walk.press(Qt::Key_Escape);
+    untilKnown(walk, u"lblNewAD"_s);
+}
+
+void film(Walk& walk, const QString& image)
+{
+    insert(walk, image, u"lblNewDVD"_s);
+    walk.click(u"cmd_ID_Catalog_AddDVD"_s);
+    walk.press(Qt::Key_Return);
+    walk.type(u"txtName"_s, u"Морозко"_s);
+    walk.type(u"txtGenre"_s, u"Сказка"_s);
+    walk.picture(u"film-details"_s);
+    walk.click(u"imgButton_0"_s);
+    walk.picture(u"film-catalogue"_s);
+    walk.press(Qt::Key_Escape);
+    untilKnown(walk, u"lblNewDVD"_s);
+    walk.picture(u"three-catalogues"_s);
+}
+
+/// A picture such as a scanned booklet is.
+QString paintCover(const QString& folder)
+{
+    QImage cover(600, 600, QImage::Format_RGB32);
+    QPainter painter(&cover);
+    QLinearGradient night(0, 0, 0, 600);
+    night.setColorAt(0, QColor(18, 32, 74));
+    night.setColorAt(1, QColor(120, 150, 205));
+    painter.fillRect(cover.rect(), night);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    for (int flake = 0; flake < 160; ++flake) {
+        const double size = 2 + flake * 7 % 9;
+        painter.drawEllipse(QPointF(flake * 137 % 600, flake * 211 % 600), size / 2, size / 2);
+    }
+    painter.end();
+    const QString path = folder + u"/cover.png"_s;
+    cover.save(path);
+    return path;
+}
+
+void firstDay(Walk& walk, const QString& folder)
+{
+    walk.picture(u"empty-shelf"_s);
+    computerDisc(walk, folder + u"/zima2003.iso"_s);
+    audioDisc(walk, folder + u"/orkestr.cue"_s, paintCover(folder));
+    film(walk, folder + u"/skazka.iso"_s);
     leave(walk);
 }
 
 void nextDay(Walk& walk)
 {
-    walk.until(u"the disc is known again"_s, [&walk] {
-        auto* sign = walk.top()->findChild<QLabel*>(u"lblNewPC"_s);
-        return sign && sign->isVisible() && sign->text().contains(u"№ 1");
-    });
+    untilKnown(walk, u"lblNewDVD"_s);
     walk.picture(u"next-start"_s);
     walk.press(Qt::Key_2, Qt::ControlModifier);
     walk.picture(u"catalogue-again"_s);
@@ -90,7 +175,7 @@ void nextDay(Walk& walk)
 int main(int argc, char** argv)
 {
     if (argc < 2) {
-        std::fprintf(stderr, "usage: vinora_walk <folder for pictures> [<image>]\n");
+        std::fprintf(stderr, "usage: vinora_walk <folder for pictures> [<folder with images>]\n");
         return 2;
     }
     Walk walk(QString::fromLocal8Bit(argv[1]));
