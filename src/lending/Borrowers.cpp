@@ -1,9 +1,10 @@
 #include "lending/Borrowers.h"
 
-QStringList BorrowerNames(const Database& main)
+QStringList BorrowerNames(const Database& main, NameOrder order)
 {
     QStringList names;
-    Recordset rows = main.OpenRecordset(u"SELECT Имя FROM ИменаДолжников ORDER BY КодИмени");
+    const QString field = order == NameOrder::Added ? u"КодИмени"_s : u"Имя"_s;
+    Recordset rows = main.OpenRecordset(u"SELECT Имя FROM ИменаДолжников ORDER BY "_s + field);
     for (; !rows.AtEOF(); rows.MoveNext()) names += rows[u"Имя"].text();
     return names;
 }

@@ -10,8 +10,8 @@ inline constexpr int LongestName = 50;
 inline constexpr int LongestPhone = 15;
 inline const QString NoPhone = u"нет"_s;
 
-/// In the order in which they were added.
-QStringList BorrowerNames(const Database& main);
+enum class NameOrder { Added, Alphabet };
+QStringList BorrowerNames(const Database& main, NameOrder order = NameOrder::Added);
 /// The key of the first borrower of that name.
 std::optional<qint64> FindBorrower(const Database& main, const QString& name);
 /// Without a telephone. The new key.

@@ -97,6 +97,8 @@ private:
     void showToolbarOptions();
     void showAbout();
     void listBarClicked(const QString& group, const QString& text);
+    void chooseInListBar(const QString& command);
+    void showLoans();
     void enableCommands();
 
     Program& program;

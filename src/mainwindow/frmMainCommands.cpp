@@ -7,6 +7,8 @@
 #include "catalogue/frmEditDictionary.h"
 #include "catalogue/frmSelectCD.h"
 #include "contents/frmFileList.h"
+#include "lending/frmAddInDue.h"
+#include "lending/frmDue.h"
 #include "mainwindow/HelpCommands.h"
 #include "mainwindow/QueryShortcuts.h"
 #include "recognition/DiscIdentity.h"
@@ -22,8 +24,9 @@
 namespace {
 /// The screens that this program has besides those of the catalogues. What leads to others is disabled.
 const QStringList builtScreens{
-    u"frmChangeNumber"_s, u"frmEditDescription"_s, u"frmEditGenre"_s, u"frmEditStyle"_s,      u"frmFileList"_s,
-    u"frmHelp"_s,         u"frmOption"_s,          u"frmSelectCD"_s,  u"frmSelectCategory"_s, u"frmToolbars"_s,
+    u"frmAddInDue"_s,  u"frmDue"_s,       u"frmChangeNumber"_s,   u"frmEditDescription"_s,
+    u"frmEditGenre"_s, u"frmEditStyle"_s, u"frmFileList"_s,       u"frmHelp"_s,
+    u"frmOption"_s,    u"frmSelectCD"_s,  u"frmSelectCategory"_s, u"frmToolbars"_s,
 };
 
 struct ListBarItem {
@@ -103,7 +106,16 @@ void frmMain::listBarClicked(const QString& group, const QString& text)
 {
     for (const ListBarGroup& each : listBarGroups())
         for (const ListBarItem& item : each.items)
-            if (each.key == group && item.text == text) Route(item.command);
+            if (each.key == group && item.text == text) chooseInListBar(item.command);
+}
+
+void frmMain::chooseInListBar(const QString& command)
+{
+    // Other people's debtors are none of the user's. The word has always been this one.
+    if (program.shared.ExternalDBOpen && command == u"ID_Due_List")
+        program.dialogs.MsgBox(u"qwe"_s, Box::Bare);
+    else
+        Route(command);
 }
 
 frmMain::Handlers frmMain::handlers()
@@ -115,6 +127,7 @@ frmMain::Handlers frmMain::handlers()
         {u"ID_DB_EditStyle"_s, [](frmMain& m) { m.editDictionary(Audio()); }},
         {u"ID_DB_EditDescription"_s, [](frmMain& m) { m.editDictionary(Computer()); }},
         {u"ID_DB_EditGenre"_s, [](frmMain& m) { m.editDictionary(Dvd()); }},
+        {u"ID_Due_List"_s, [](frmMain& m) { m.showLoans(); }},
         {u"ID_Quit"_s, [](frmMain& m) { m.close(); }},
         {u"ID_Panel"_s, [](frmMain& m) { m.showPanel(m.m_commands.action(u"ID_Panel")->isChecked()); }},
         {u"ID_DB_Option"_s, [](frmMain& m) { m.showOptions(); }},
@@ -182,6 +195,14 @@ void frmMain::changeNumber()
 {
     Guarded("frmMain, ID_Catalog_ChangeNumber()"_L1, [&] {
         frmChangeNumber(program).ShowModal();
+        LoadData();
+    });
+}
+
+void frmMain::showLoans()
+{
+    Guarded("frmMain, ID_Due_List()"_L1, [&] {
+        frmDue(program).ShowModal();
         LoadData();
     });
 }
@@ -274,4 +295,7 @@ std::optional<DiscChoice> frmMain::PickDisc(Form& opener, const QString& mode)
 
 void frmMain::ShowTrackList(Form&, const ListRequest&) { refuseMissing(u"frmTrackList"); }
 
-void frmMain::ShowAddInDue(Form&, const QString&, qint64) { refuseMissing(u"frmAddInDue"); }
+void frmMain::ShowAddInDue(Form& opener, const QString& category, qint64 key)
+{
+    ::ShowAddInDue(program, *CatalogueByCode(category), key, &opener);
+}

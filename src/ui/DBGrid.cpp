@@ -46,9 +46,12 @@ protected:
     QVariant cell(int row, int column, int role) const override
     {
         if (role == Qt::TextAlignmentRole) return int(m_columns[column].alignment | Qt::AlignVCenter);
-        if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
-        const QStringList texts = page(row / PageRows).at(row % PageRows);
-        return column < texts.size() ? texts[column] : QString();
+        if (role == Qt::ForegroundRole && m_columns[column].danger)
+            return Theme::danger(static_cast<QWidget*>(QObject::parent())->palette());
+        const bool wantsIcon = role == Qt::DecorationRole && m_columns[column].icon;
+        if (role != Qt::DisplayRole && role != Qt::ToolTipRole && !wantsIcon) return {};
+        const Cell known = page(row / PageRows).at(row % PageRows).value(column);
+        return wantsIcon ? QVariant(known.icon) : QVariant(known.text);
     }
 
     QVariant caption(int column, int role) const override
@@ -59,7 +62,11 @@ protected:
 
 private:
     static constexpr int PageRows = 64, PagesKept = 32;
-    using Page = QList<QStringList>;
+    struct Cell {
+        QString text;
+        QIcon icon;
+    };
+    using Page = QList<QList<Cell>>;
 
     void findFields()
     {
@@ -89,16 +96,18 @@ private:
     {
         // The recordset may have been closed or cut short since the rows were counted.
         const int behind = std::min(first + PageRows, m_control ? m_control->recordCount() : 0);
-        for (int row = first; row < behind; ++row) page.append(texts(m_control->recordset().row(row)));
+        for (int row = first; row < behind; ++row) page.append(cells(m_control->recordset().row(row)));
     }
 
-    QStringList texts(const QList<Value>& values) const
+    QList<Cell> cells(const QList<Value>& values) const
     {
-        QStringList result;
+        QList<Cell> result;
         for (int i = 0; i < m_fields.size(); ++i) {
             const Value value = values.value(m_fields[i]);
-            const DataControl::Format& format = m_columns[i].format;
-            result << (value.isNull() ? QString() : format ? format(value) : value.text());
+            const Column& column = m_columns[i];
+            result += value.isNull() ? Cell()
+                                     : Cell{.text = column.format ? column.format(value) : value.text(),
+                                            .icon = column.icon ? column.icon(value) : QIcon()};
         }
         return result;
     }

@@ -3,6 +3,7 @@
 #include "ui/DataControl.h"
 #include "ui/SteadyView.h"
 
+#include <QIcon>
 #include <QTableView>
 
 /// A table of a DataControl's rows. Rows are read as they come into view, counts are exact, nothing is read in full. The
@@ -16,7 +17,9 @@ public:
         QString caption;
         DataControl::Format format = {};
         Qt::Alignment alignment = Qt::AlignLeft;
-        int width = 0; ///< in average characters; 0 takes what is left
+        int width = 0;                                ///< in average characters; 0 takes what is left
+        std::function<QIcon(const Value&)> icon = {}; ///< before the text
+        bool danger = false;                          ///< what stands in it is in the colour of what is overdue
     };
 
     explicit DBGrid(QWidget* parent = nullptr);

@@ -1,6 +1,7 @@
 #include "ui/DataControl.h"
 
-#include <QFocusEvent>
+#include "ui/FocusMoves.h"
+
 #include <QTextDocument>
 #include <algorithm>
 
@@ -107,11 +108,8 @@ void DataControl::showRow()
 bool DataControl::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::FocusOut) return false;
-    // A menu, a box or another program leaves the user where he was.
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    const bool stays = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
-                       reason == Qt::MenuBarFocusReason;
-    if (!stays && static_cast<QWidget*>(watched)->isVisible()) left(watched);
+    const bool moves = FocusMoves(*static_cast<QFocusEvent*>(event));
+    if (moves && static_cast<QWidget*>(watched)->isVisible()) left(watched);
     return false;
 }
 

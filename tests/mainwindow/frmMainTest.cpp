@@ -16,7 +16,7 @@ TEST_F(MainWindow, AnEmptyShelfShowsZerosAndOnlyWhatIsThereIsEnabled)
         EXPECT_TRUE(commandEnabled("ID_Catalog_PCCD"));
         EXPECT_TRUE(commandEnabled("ID_QuickPCNewCD"));
         EXPECT_TRUE(commandEnabled("ID_Catalog_AudioCD"));
-        EXPECT_FALSE(commandEnabled("ID_Due_List"));
+        EXPECT_FALSE(commandEnabled("ID_DB_Wizard"));
         EXPECT_FALSE(visible("lblNewPC"));
         EXPECT_FALSE(visible("fraFindDuePC"));
         EXPECT_EQ(shown("ID_DB_DefaultCDDVDROM"), u"V:\\"_s);
@@ -51,6 +51,36 @@ TEST_F(MainWindow, CountsDiscsLoansAndOverdueOnes)
         EXPECT_EQ(shown("lblCDduePC"), u"2"_s);
         EXPECT_FALSE(visible("fraFindDuePC"));
         co_return;
+    });
+}
+
+TEST_F(MainWindow, ALentDiscIsCountedUntilItIsTakenFromTheListOfDebtors)
+{
+    shelf.computer(1, "Debian");
+    walk([&]() -> Script {
+        expectForm("frmCataloguePCCD");
+        co_await trigger("ID_Catalog_PCCD");
+        expectBox("Добавить должника на диск № 1?", 36);
+        expectForm("frmAddInDue");
+        co_await click("imgButton_4");
+        co_await keys("Иванов\n");
+        EXPECT_EQ(shown("lblDue"), "Должник\nИванов");
+        co_await key(Qt::Key_Escape);
+        EXPECT_EQ(shown("lblCDduePC"), "1");
+        EXPECT_TRUE(visible("fraFindDuePC")) << "it is to be back today";
+
+        expectForm("frmDue");
+        co_await click("Список должников");
+        expectBox("Удалить из списка должника 'Иванов'?", 36);
+        co_await key(Qt::Key_Delete);
+        co_await key(Qt::Key_Escape);
+        EXPECT_EQ(shown("lblCDduePC"), "0");
+        EXPECT_FALSE(visible("fraFindDuePC"));
+
+        program.shared.ExternalDBOpen = true;
+        expectBox("qwe", 0);
+        co_await click("Список должников");
+        program.shared.ExternalDBOpen = false;
     });
 }
 

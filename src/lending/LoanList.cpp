@@ -1,0 +1,47 @@
+#include "lending/LoanList.h"
+
+const QStringList& LoanListOrders()
+{
+    static const QStringList orders{u"по имени"_s, u"по дате добавления"_s, u"по дате возврата"_s};
+    return orders;
+}
+
+QString LoanListSource(const QString& filter, int order, bool descending)
+{
+    static const QStringList fields{u"Имя"_s, u"ДатаВыдачи"_s, u"ДатаВозврата"_s};
+    return u"SELECT * FROM Должники, ИменаДолжников WHERE Долг = True "
+           "AND Должники.КодИмяДолжника = ИменаДолжников.КодИмени "_s +
+           filter + u" ORDER BY "_s + fields.value(order, fields.first()) + (descending ? u" DESC"_s : QString());
+}
+
+QString CategoryFilter(const CatalogueKind& kind) { return u"AND Должники.Категория = '%1' "_s.arg(kind.code); }
+QString BorrowerFilter(const QString& text) { return u"AND Имя LIKE \"*%1*\""_s.arg(text); }
+
+QString ListedLoan::discText() const
+{
+    return disc ? u"%1. %2"_s.arg(QString::number(disc->number), kind->discTitle(disc->name, disc->album)) : u"-"_s;
+}
+
+ListedLoan LoanWithKey(const Database& main, qint64 loan)
+{
+    Recordset row = main.OpenRecordset(u"SELECT * FROM Должники WHERE КодДолжника = ?", {loan});
+    ListedLoan listed;
+    if (row.RecordCount() == 0) return listed;
+    listed.kind = CatalogueByCode(row[u"Категория"].text());
+    listed.discKey = row.value(u"КодДиска").toLong();
+    listed.due = row[u"ДатаВозврата"].date();
+    if (listed.kind) listed.disc = DiscWithKey(main, *listed.kind, listed.discKey);
+    return listed;
+}
+
+QList<DiscOut> DiscsOut(const Database& main, int number)
+{
+    QList<DiscOut> out;
+    for (const CatalogueKind* kind : AllCatalogues()) {
+        const QString select = u"SELECT MIN(%1) FROM %2 WHERE Номер = ? AND Должник = True"_s.arg(kind->key,
+                                                                                                  kind->table);
+        const Value disc = main.Scalar(select, {number});
+        if (!disc.isNull()) out += {kind, disc.toLong()};
+    }
+    return out;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "store/NumberedDisc.h"
+
+#include <QStringList>
+
+// The list of open loans.
+
+/// What it can be sorted by, as the user reads it.
+const QStringList& LoanListOrders();
+/// Its SELECT: `filter` as it stands ("AND …" or empty), `order` an index of LoanListOrders().
+QString LoanListSource(const QString& filter, int order, bool descending);
+
+// Filters. A text has been through CleanText; * ? # in it are wildcards.
+QString CategoryFilter(const CatalogueKind& kind);
+QString BorrowerFilter(const QString& text);
+
+/// A loan with its disc.
+struct ListedLoan {
+    const CatalogueKind* kind = nullptr; ///< null for a category that this program does not know
+    qint64 discKey = 0;
+    std::optional<NumberedDisc> disc; ///< none when it has been deleted
+    QDate due;                        ///< invalid without a term
+
+    /// "7. Кино - Группа крови"; "-" without a disc.
+    QString discText() const;
+};
+/// Empty for a loan that is gone.
+ListedLoan LoanWithKey(const Database& main, qint64 loan);
+
+/// The discs with this number that are marked as lent, one per catalogue at most.
+struct DiscOut {
+    const CatalogueKind* kind;
+    qint64 disc;
+};
+QList<DiscOut> DiscsOut(const Database& main, int number);

@@ -1,0 +1,204 @@
+#include "lending/frmAddInDue.h"
+
+#include "frame/Text.h"
+#include "lending/Borrowers.h"
+#include "lending/Ledger.h"
+#include "lending/Rating.h"
+#include "store/NumberedDisc.h"
+#include "ui/Lettering.h"
+#include "ui/PrefixCompletion.h"
+#include "ui/Theme.h"
+
+frmAddInDue::frmAddInDue(Program& program) : Screen(program, u"frmAddInDue"_s, u"Добавление должника"_s)
+{
+    setUpControls();
+    build();
+    connect(txtFIO, &QComboBox::editTextChanged, this, [this] { CheckDue(); });
+    connect(chDueNonStop, &QCheckBox::toggled, this, [this] { chDueNonStop_Click(); });
+    connect(imgButton[0], &ImageButton::clicked, this, [this] { cmdAdd(); });
+    connect(imgButton[1], &ImageButton::clicked, this, [this] { Unload(); });
+}
+
+void frmAddInDue::setUpControls()
+{
+    lblHeader->setText(u"Добавление в список нового должника"_s);
+    lettered(lblHeader, Lettering::Heading);
+    lettered(lblNumber, Lettering::Heading);
+    imgLogo->setScale(2);
+    for (QLineEdit* box : {txtCategory, txtName}) box->setReadOnly(true);
+    txtName->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
+
+    txtFIO->setEditable(true);
+    txtFIO->setCompleter(nullptr);
+    txtFIO->setInsertPolicy(QComboBox::NoInsert);
+    txtFIO->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    txtFIO->setMaxVisibleItems(12);
+    txtFIO->lineEdit()->setMaxLength(LongestName);
+
+    lblDueDay->setText(u"&Сроком до:"_s);
+    lblDueDay->setBuddy(dtpBackDate);
+    dtpBackDate->setAccessibleName(u"Сроком до"_s);
+    dtpBackDate->setLocale(RussianLocale());
+    dtpBackDate->setDisplayFormat(u"dd.MM.yyyy"_s);
+    dtpBackDate->setCalendarPopup(true);
+    chDueNonStop->setText(u"&бессрочный  долг"_s);
+    lblDoNewBackDate->hide();
+
+    imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Записать в список должников"_s);
+    imgButton[0]->setDefault(true);
+    imgButton[1]->setup(u"cancel"_s, u"Отмена"_s, u"Закрыть, ничего не записывая"_s);
+}
+
+QWidget* frmAddInDue::warning()
+{
+    lblRating1->setText(u"Внимание!"_s);
+    lettered(lettered(lblRating1, Lettering::Heading), Lettering::Danger);
+    lblRating2->setText(u"Рейтинг этого должника:"_s);
+    lettered(lblRating3, Lettering::Heading);
+    auto* sign = new IconLabel;
+    sign->setIcon(u"warning"_s, Theme::danger(palette()));
+    auto* words = row(lblRating2, lblRating3, stretch);
+    auto* all = row(sign, lblRating1, words);
+    all->setSpacing(Theme::Gap);
+    words->setSpacing(Theme::Gap);
+    all->setContentsMargins(Theme::Gap, Theme::Gap, Theme::Gap, Theme::Gap);
+    fraRating->setLayout(all);
+    for (QWidget* part : std::initializer_list<QWidget*>{fraRating, lblRating1, lblRating2, lblRating3}) part->hide();
+    return fraRating;
+}
+
+void frmAddInDue::build()
+{
+    auto* head = row(imgLogo, lblHeader, stretch, label(u"Диск №"_s), lblNumber);
+    QWidget* const nothing = nullptr;
+    auto* fields = grid({
+        {label(u"Категория:"_s), txtCategory},
+        {lblDescription, txtName},
+        {label(u"&Имя должника:"_s, txtFIO), txtFIO},
+        {nothing, lblDoNewBackDate},
+        {lblDueDay, row(dtpBackDate, chDueNonStop, stretch)},
+    });
+    auto* all = column(head, fields, warning(), stretch, row(stretch, imgButton[0], imgButton[1]));
+    all->setSpacing(Theme::Between);
+    setLayout(all);
+}
+
+void frmAddInDue::Form_Load()
+{
+    Guarded("frmAddInDue, Form_Load()"_L1, [&] {
+        const Database main = program.mainDatabase();
+        auto* completion = new PrefixCompletion(txtFIO->lineEdit(), this);
+        completion->setItems(BorrowerNames(main));
+        txtFIO->addItems(BorrowerNames(main, NameOrder::Alphabet));
+        txtFIO->setCurrentIndex(-1);
+        dtpBackDate->setMinimumDate(program.clock.today());
+        dtpBackDate->setDate(program.clock.today());
+    });
+}
+
+void frmAddInDue::Form_Activate()
+{
+    if (txtFIO->isEnabled())
+        txtFIO->setFocus();
+    else if (dtpBackDate->isEnabled())
+        dtpBackDate->setFocus();
+    else
+        chDueNonStop->setFocus();
+}
+
+void frmAddInDue::showDisc(const CatalogueKind& kind, qint64 disc)
+{
+    Load();
+    m_kind = &kind;
+    m_disc = disc;
+    const auto found = DiscWithKey(program.mainDatabase(), kind, disc);
+    imgLogo->setIcon(kind.icon);
+    imgLogo->setAccent(kind.accent);
+    lblNumber->setText(found ? QString::number(found->number) : u"-"_s);
+    txtCategory->setText(kind.mediumCaption);
+    lblDescription->setText(kind.nameHeading() + u':');
+    txtName->setAccessibleName(kind.nameHeading());
+    txtName->setText(found ? found->name : u"-"_s);
+    txtName->setCursorPosition(0);
+}
+
+void frmAddInDue::LendDisc(const CatalogueKind& kind, qint64 disc) { showDisc(kind, disc); }
+
+void frmAddInDue::ChangeTermOf(const CatalogueKind& kind, qint64 disc, const QString& borrower, QDate due)
+{
+    showDisc(kind, disc);
+    setWindowTitle(u"Изменение срока"_s);
+    lblHeader->setText(u"Изменение срока возврата"_s);
+    const QString before = due.isValid() ? FormatDate(due, u"d MMMM yyyy г."_s) : u"бессрочный долг"_s;
+    lblDoNewBackDate->setText(u"Ранее установленная дата возврата:\n"_s + before);
+    lblDoNewBackDate->show();
+    {
+        const QSignalBlocker noCompletion(txtFIO->lineEdit());
+        txtFIO->setEditText(borrower);
+    }
+    txtFIO->setEnabled(false);
+    if (due.isValid()) return;
+    dtpBackDate->hide(); // until there is a term again
+    chDueNonStop->setChecked(true);
+}
+
+void frmAddInDue::chDueNonStop_Click()
+{
+    const bool term = !chDueNonStop->isChecked();
+    lblDueDay->setEnabled(term);
+    dtpBackDate->setEnabled(term);
+    if (term) dtpBackDate->show();
+}
+
+void frmAddInDue::CheckDue()
+{
+    Guarded("frmAddInDue, CheckDue()"_L1, [&] {
+        const QString name = CleanText(txtFIO->currentText().trimmed());
+        const QString word = WarningAbout(program.mainDatabase(), name, program.clock.today());
+        lblRating3->setText(word);
+        for (QWidget* part : std::initializer_list<QWidget*>{lblRating1, lblRating2, lblRating3, fraRating})
+            part->setVisible(!word.isEmpty());
+        // For those who do not see it.
+        txtFIO->setAccessibleDescription(
+            word.isEmpty() ? QString() : u"%1 %2 %3"_s.arg(lblRating1->text(), lblRating2->text(), word));
+    });
+}
+
+void frmAddInDue::cmdAdd()
+{
+    Guarded("frmAddInDue, cmdAdd()"_L1, [&] {
+        const QString name = CleanText(txtFIO->currentText().trimmed());
+        if (name.isEmpty()) {
+            txtFIO->setEditText({});
+            return refuse(txtFIO->lineEdit(), u"Введите или выберите из списка имя должника.\r"
+                                              "Данное поле является обязательным для заполнения."_s);
+        }
+        if (save(name)) program.shared.DialogDone = true;
+        Unload();
+    });
+}
+
+/// False when somebody else was there before.
+bool frmAddInDue::save(const QString& name)
+{
+    const Database main = program.mainDatabase();
+    const QDate due = chDueNonStop->isChecked() ? QDate() : dtpBackDate->date();
+    if (std::exchange(program.shared.DueDateChange, false)) {
+        if (ChangeTerm(main, *m_kind, m_disc, due)) return true;
+        MsgBox(u"Диск № %1 не одалживался!"_s.arg(lblNumber->text()));
+        return false;
+    }
+    if (IssueDisc(main, *m_kind, m_disc, FindOrAddBorrower(main, name), due)) return true;
+    MsgBox(u"Диск № %1 уже находится у должника."_s.arg(lblNumber->text()));
+    return false;
+}
+
+void ShowAddInDue(Program& program, const CatalogueKind& kind, qint64 disc, QWidget* opener)
+{
+    frmAddInDue dialog(program);
+    {
+        const Hourglass hourglass;
+        dialog.LendDisc(kind, disc);
+    }
+    dialog.ShowModal(opener);
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "frame/Screen.h"
+#include "store/CatalogueKind.h"
+#include "ui/IconLabel.h"
+#include "ui/ImageButton.h"
+#include "ui/Notice.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+
+/// Lends one disc to somebody or, while DueDateChange stands, sets another term for one that is out. DialogDone tells
+/// whether it did.
+class frmAddInDue : public Screen {
+public:
+    explicit frmAddInDue(Program& program);
+
+    // One of the two, before ShowModal().
+    void LendDisc(const CatalogueKind& kind, qint64 disc);
+    /// Only with DueDateChange. An invalid `due` is a loan without a term.
+    void ChangeTermOf(const CatalogueKind& kind, qint64 disc, const QString& borrower, QDate due);
+
+    IconLabel* imgLogo = named("imgLogo");
+    QLabel* lblHeader = named("lblHeader"); ///< says what is done
+    QLabel* lblNumber = named("lblNumber");
+    QLineEdit* txtCategory = named("txtCategory");
+    QLabel* lblDescription = named("lblDescription"); ///< what txtName is
+    QLineEdit* txtName = named("txtName");
+    QComboBox* txtFIO = named("txtFIO"); ///< to be typed in; completes from the names in their stored order
+    QLabel* lblDoNewBackDate = named("lblDoNewBackDate"); ///< the term so far, of a change
+    QLabel* lblDueDay = named("lblDueDay");
+    QDateEdit* dtpBackDate = named("dtpBackDate");
+    QCheckBox* chDueNonStop = named("chDueNonStop");
+    Notice* fraRating = named("fraRating"); ///< shown with the three labels in it
+    QLabel* lblRating1 = named("lblRating1");
+    QLabel* lblRating2 = named("lblRating2");
+    QLabel* lblRating3 = named("lblRating3");                        ///< the word for the borrower
+    std::array<ImageButton*, 2> imgButton = namedArray("imgButton"); ///< OK, cancel
+
+private:
+    void setUpControls();
+    void build();
+    QWidget* warning();
+    void Form_Load() override;
+    void Form_Activate() override;
+
+    void showDisc(const CatalogueKind& kind, qint64 disc);
+    void chDueNonStop_Click();
+    void CheckDue();
+    void cmdAdd();
+    bool save(const QString& name);
+
+    const CatalogueKind* m_kind = nullptr;
+    qint64 m_disc = 0;
+};
+
+/// Opens it to lend a disc.
+void ShowAddInDue(Program& program, const CatalogueKind& kind, qint64 disc, QWidget* opener = nullptr);

@@ -1,0 +1,51 @@
+#include "frame/Settings.h"
+#include "lending/Borrowers.h"
+#include "lending/Ledger.h"
+#include "lending/frmAddInDue.h"
+#include "lending/frmDue.h"
+
+void frmDue::rowDoubleClicked() { imgButton[OptionIsOn(program, u"DblClickDue") ? 4 : 3]->click(); }
+
+void frmDue::cmdDelete()
+{
+    Guarded("frmDue, cmdDelete()"_L1, [&] {
+        if (!Ask(u"Удалить из списка должника '%1'?"_s.arg(borrower()))) return;
+        const ListedLoan loan = currentLoan();
+        const int position = dcDatabase->position();
+        if (loan.kind)
+            TakeBack(program.mainDatabase(), *loan.kind, loan.discKey, program.clock.today(), Closes::NewestOpen);
+        dcDatabase->Refresh();
+        dcDatabase->MoveTo(position);
+        dbGrid->setFocus();
+    });
+}
+
+void frmDue::cmdChange()
+{
+    Guarded("frmDue, cmdChange()"_L1, [&] {
+        const ListedLoan loan = currentLoan();
+        if (!loan.kind) return;
+        program.shared.DueDateChange = true;
+        {
+            frmAddInDue dialog(program);
+            dialog.ChangeTermOf(*loan.kind, loan.discKey, borrower(), loan.due);
+            dialog.ShowModal(this);
+        }
+        program.shared.DueDateChange = false; // one who gave up has left it so
+        if (!std::exchange(program.shared.DialogDone, false)) return;
+        dcDatabase->RefreshInPlace();
+        dbGrid->setFocus();
+    });
+}
+
+void frmDue::cmdMakeChange_Click()
+{
+    Guarded("frmDue, cmdMakeChange_Click()"_L1, [&] {
+        if (!dcDatabase->hasRow()) return;
+        const QString name = borrower();
+        ChangePhone(program.mainDatabase(), dcDatabase->value(u"КодИмени").toLong(), txtTelephone->text());
+        dcDatabase->RefreshInPlace();
+        MsgBox(u"Телефон должника '%1' был успешно изменен."_s.arg(name), Box::Information);
+        txtTelephone->selectAll();
+    });
+}
