@@ -51,6 +51,19 @@ public:
                                 static_cast<int32_t>(right.size()), &status);
     }
 
+    TextStart start(std::string_view text) const
+    {
+        TextStart start{0, true};
+        const char *p = text.data(), *const end = p + text.size();
+        for (int i = 0; i < 8; ++i) {
+            const Letter next = letter(p, end);
+            p += next.size;
+            if (next.rank == 0 || mark(p, end)) return {};
+            start.ranks = start.ranks << 8 | next.rank;
+        }
+        return start;
+    }
+
 private:
     static constexpr std::uint8_t End = 1; ///< below every letter
 
@@ -103,11 +116,15 @@ extern "C" int compareForSqlite(void*, int leftSize, const void* left, int right
 
 } // namespace
 
-int CompareText(std::string_view left, std::string_view right)
+static const Order& russianOrder()
 {
     static const Order order;
-    return order.compare(left, right);
+    return order;
 }
+
+int CompareText(std::string_view left, std::string_view right) { return russianOrder().compare(left, right); }
+
+TextStart StartOf(std::string_view text) { return russianOrder().start(text); }
 
 void RegisterCollation(sqlite3* db)
 {

@@ -15,8 +15,6 @@ using namespace DaoErrorNumber;
 namespace {
 
 constexpr int ApplicationId = 0x766E7261; // "vnra"
-constexpr int BusyTimeout = 1000;         // ms
-constexpr int MaxValue = 1'000'000;       // bytes of a value, a row, a statement
 
 /// Write-ahead logs make files of their own beside a database, also for one that only reads it.
 void refuseWriteAheadLog(const QString& path)
@@ -103,23 +101,7 @@ Connection::~Connection()
         sqlite3_exec(m_file.handle(), "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
 }
 
-void Connection::configure()
-{
-    sqlite3* const db = m_file.handle();
-    const auto set = [db](int option, int value) { sqlite3_db_config(db, option, value, nullptr); };
-    set(SQLITE_DBCONFIG_DEFENSIVE, 1);
-    set(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
-    set(SQLITE_DBCONFIG_ENABLE_TRIGGER, 0);
-    set(SQLITE_DBCONFIG_ENABLE_VIEW, 0);
-    set(SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0);
-    set(SQLITE_DBCONFIG_DQS_DML, 0);
-    set(SQLITE_DBCONFIG_DQS_DDL, 0);
-    set(SQLITE_DBCONFIG_ENABLE_FKEY, 1);
-    sqlite3_limit(db, SQLITE_LIMIT_LENGTH, MaxValue);
-    sqlite3_limit(db, SQLITE_LIMIT_SQL_LENGTH, MaxValue);
-    sqlite3_limit(db, SQLITE_LIMIT_ATTACHED, 0);
-    sqlite3_busy_timeout(db, BusyTimeout);
-}
+void Connection::configure() { m_file.restrictUse(); }
 
 void Connection::registerFunctions()
 {

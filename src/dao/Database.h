@@ -39,5 +39,6 @@ public:
     void Close();
 
 private:
+    friend class TableReader;
     std::shared_ptr<Connection> m_connection;
 };

@@ -13,6 +13,9 @@ using namespace DaoErrorNumber;
 
 namespace {
 
+constexpr int BusyTimeout = 1000;   // ms
+constexpr int MaxValue = 1'000'000; // bytes of a value, a row, a statement
+
 QString message(sqlite3* db) { return QString::fromUtf8(sqlite3_errmsg(db)); }
 
 /// "CHECK constraint failed: length Аудио.Название": the names are given in TableSql.
@@ -106,6 +109,23 @@ SqliteFile::SqliteFile(const QString& path, int flags) : m_path(path)
 }
 
 SqliteFile::~SqliteFile() { sqlite3_close(m_db); }
+
+void SqliteFile::restrictUse()
+{
+    const auto set = [this](int option, int value) { sqlite3_db_config(m_db, option, value, nullptr); };
+    set(SQLITE_DBCONFIG_DEFENSIVE, 1);
+    set(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
+    set(SQLITE_DBCONFIG_ENABLE_TRIGGER, 0);
+    set(SQLITE_DBCONFIG_ENABLE_VIEW, 0);
+    set(SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0);
+    set(SQLITE_DBCONFIG_DQS_DML, 0);
+    set(SQLITE_DBCONFIG_DQS_DDL, 0);
+    set(SQLITE_DBCONFIG_ENABLE_FKEY, 1);
+    sqlite3_limit(m_db, SQLITE_LIMIT_LENGTH, MaxValue);
+    sqlite3_limit(m_db, SQLITE_LIMIT_SQL_LENGTH, MaxValue);
+    sqlite3_limit(m_db, SQLITE_LIMIT_ATTACHED, 0);
+    sqlite3_busy_timeout(m_db, BusyTimeout);
+}
 
 void SqliteFile::execute(const char* sql)
 {
@@ -214,6 +234,12 @@ QString Statement::text(int column) const
 {
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
     return QString::fromUtf8(bytes, sqlite3_column_bytes(m_statement, column));
+}
+
+std::string_view Statement::bytes(int column) const
+{
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement, column));
+    return {bytes, bytes ? std::size_t(sqlite3_column_bytes(m_statement, column)) : 0};
 }
 
 Value Statement::value(int column) const

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <string_view>
 #include <vector>
 
 struct sqlite3;
@@ -22,6 +23,8 @@ public:
     const QString& path() const { return m_path; }
     sqlite3* handle() const { return m_db; }
 
+    /// Nothing that a file from elsewhere says is run, and its values are bounded.
+    void restrictUse();
     void execute(const char* sql);
     void execute(const QString& sql);
     /// First column of the first row, 0 without one.
@@ -67,6 +70,8 @@ public:
     bool isNull(int column) const;
     qint64 integer(int column) const;
     QString text(int column) const;
+    /// UTF-8, until the next step or reset.
+    std::string_view bytes(int column) const;
     /// As it is stored.
     Value value(int column) const;
 
