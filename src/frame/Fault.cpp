@@ -42,16 +42,6 @@ void freezeWindows()
     }
 }
 
-/// Where a database finds no room the log finds none either; the user is told all the same.
-void logIfPossible(const Program& program, QLatin1StringView place, const RuntimeError& error)
-{
-    try {
-        LogFault(program, place, error);
-    } catch (const RuntimeError& second) {
-        std::fprintf(stderr, "vinora: %s\nvinora: %s\n", error.what(), second.what());
-    }
-}
-
 /// Keeps what the routine wrote before its fault. When that fails the group is lost, which the log tells as well.
 void keepWrites(Program& program)
 {
@@ -59,7 +49,7 @@ void keepWrites(Program& program)
         program.engine.Commit();
     } catch (const RuntimeError& error) {
         program.engine.Rollback();
-        logIfPossible(program, "vinoraModule, ReportFault()"_L1, error);
+        LogFaultIfPossible(program, "vinoraModule, ReportFault()"_L1, error);
     }
 }
 
@@ -104,6 +94,21 @@ void LogFault(const Program& program, QLatin1StringView place, const RuntimeErro
     append(program.applicationFolder + u"/bugreport.log"_s, EncodeCp1251(line));
 }
 
+void LogFaultIfPossible(const Program& program, QLatin1StringView place, const RuntimeError& error)
+{
+    try {
+        LogFault(program, place, error);
+    } catch (const RuntimeError& second) {
+        std::fprintf(stderr, "vinora: %s\nvinora: %s\n", error.what(), second.what());
+    }
+}
+
+void TellFault(Program& program, QLatin1StringView place, const RuntimeError& error)
+{
+    LogFaultIfPossible(program, place, error);
+    program.dialogs.MsgBox(faultText(error), Box::Stop);
+}
+
 void ReportFault(Program& program, QLatin1StringView place, const RuntimeError& error)
 {
     if (program.faulted) EndProcess(program, EXIT_FAILURE);
@@ -112,7 +117,7 @@ void ReportFault(Program& program, QLatin1StringView place, const RuntimeError& 
         freezeWindows();
         while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
         keepWrites(program);
-        logIfPossible(program, place, error);
+        LogFaultIfPossible(program, place, error);
         program.dialogs.MsgBox(faultText(error), Box::Stop);
     } catch (const std::exception& second) {
         std::fprintf(stderr, "vinora: %s\nvinora: %s\n", error.what(), second.what());

@@ -10,6 +10,12 @@
 /// Throws FileError when the log cannot be written.
 void LogFault(const Program& program, QLatin1StringView place, const RuntimeError& error);
 
+/// LogFault for routines that go on even where the log cannot be written; they are heard on stderr then.
+void LogFaultIfPossible(const Program& program, QLatin1StringView place, const RuntimeError& error);
+
+/// A fault that ends its routine and not the program: the line is logged where it can be, and the user is told.
+void TellFault(Program& program, QLatin1StringView place, const RuntimeError& error);
+
 /// The last resort for an error that a routine did not expect: timers and painting stop, pending edits are dropped, the
 /// group of writes is committed, the line is logged where it can be, the user is told, the process ends. A fault inside of
 /// it ends the process without another box. Does not return.

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "search/Hits.h"
+
+#include <QTableView>
+#include <functional>
+#include <memory>
+
+/// Hits of a search in a table. A row is made into texts when it comes into view, so that a million of them scroll as
+/// fast as ten. A click on a caption sorts on a thread of its own; the rows keep their places meanwhile.
+class HitList : public QTableView {
+    Q_OBJECT
+public:
+    explicit HitList(QWidget* parent = nullptr);
+    ~HitList() override;
+
+    /// "Имя файла", "№", "Путь"; two captions for hits without folders.
+    void setCaptions(const QStringList& captions);
+    /// Begins anew, without a sort key.
+    void setHits(Hits hits);
+    /// Changes the hits by `add`, which may only append.
+    void append(const std::function<void(Hits&)>& add);
+    const Hits& hits() const;
+
+    int currentRow() const { return currentIndex().row(); }
+    void setCurrentRow(int row);
+    /// Clicks on captions sort.
+    void setSortable(bool sortable);
+    bool sorting() const { return m_sorting != nullptr; }
+
+    /// Type-ahead would read every row.
+    void keyboardSearch(const QString&) override {}
+
+signals:
+    /// Double click or Enter.
+    void rowActivated(int row);
+    void currentRowChanged(int row);
+    void sortingChanged(bool sorting);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    class Model;
+    struct Sorting;
+    void sizeColumns();
+    void clickColumn(int column);
+    void stopSorting();
+    void takeOrder(int sorting);
+
+    Model* m_model;
+    int m_sortKey = -1;
+    bool m_descending = false;
+    std::unique_ptr<Sorting> m_sorting;
+    int m_sortings = 0; ///< begun so far
+};
