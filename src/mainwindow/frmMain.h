@@ -93,6 +93,8 @@ private:
     void changeNumber();
     void editDictionary(const CatalogueKind& kind);
     void changeCategory();
+    void showSearch(const QString& category);
+    void addShortcut();
     void showOptions();
     void showToolbarOptions();
     void showAbout();

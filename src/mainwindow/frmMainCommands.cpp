@@ -24,9 +24,9 @@
 namespace {
 /// The screens that this program has besides those of the catalogues. What leads to others is disabled.
 const QStringList builtScreens{
-    u"frmAddInDue"_s,  u"frmDue"_s,       u"frmChangeNumber"_s,   u"frmEditDescription"_s,
-    u"frmEditGenre"_s, u"frmEditStyle"_s, u"frmFileList"_s,       u"frmHelp"_s,
-    u"frmOption"_s,    u"frmSelectCD"_s,  u"frmSelectCategory"_s, u"frmToolbars"_s,
+    u"frmAddInDue"_s,       u"frmDue"_s,      u"frmChangeNumber"_s, u"frmEditDescription"_s, u"frmEditGenre"_s,
+    u"frmEditStyle"_s,      u"frmFileList"_s, u"frmHelp"_s,         u"frmOption"_s,          u"frmSelectCD"_s,
+    u"frmSelectCategory"_s, u"frmToolbars"_s, u"frmCreateQuery"_s,  u"frmDBFind"_s,
 };
 
 struct ListBarItem {
@@ -131,6 +131,10 @@ frmMain::Handlers frmMain::handlers()
         {u"ID_Quit"_s, [](frmMain& m) { m.close(); }},
         {u"ID_Panel"_s, [](frmMain& m) { m.showPanel(m.m_commands.action(u"ID_Panel")->isChecked()); }},
         {u"ID_DB_Option"_s, [](frmMain& m) { m.showOptions(); }},
+        {u"ID_DB_Search"_s, [](frmMain& m) { m.showSearch({}); }},
+        {u"ID_QuickADFind"_s, [](frmMain& m) { m.showSearch(Audio().code); }},
+        {u"ID_QuickPCFind"_s, [](frmMain& m) { m.showSearch(Computer().code); }},
+        {u"ID_ToolbarEditAdd"_s, [](frmMain& m) { m.addShortcut(); }},
         {u"ID_View_Toolbars_Option"_s, [](frmMain& m) { m.showToolbarOptions(); }},
         {u"ID_Help_Index"_s, [](frmMain& m) { ShowHelp(m.program); }},
         {u"ID_Help_Info"_s, [](frmMain& m) { ShowReadme(m.program); }},
