@@ -7,6 +7,7 @@
 #include "catalogue/frmAddCD.h"
 #include "catalogue/frmAddInCatalogue.h"
 #include "catalogue/frmCatalogue.h"
+#include "catalogue/frmSelectCD.h"
 
 #include <QDir>
 #include <QImage>
@@ -81,6 +82,19 @@ void browse(Program& program, const CatalogueKind& kind)
     figures.typeAhead.print(u"  type-ahead to a title"_s, 20);
 }
 
+void pick(Program& program, const CatalogueKind& kind)
+{
+    Figure open, letter;
+    for (int i = 0; i < Repeats; ++i)
+        open.add(TimeToPaint([&] { PickDisc(program, u"full"_s + kind.code); }, u"DBGrid",
+                             [&](QWidget& window) {
+                                 QLineEdit& name = *static_cast<frmSelectCD&>(window).txtName;
+                                 for (const QChar typed : u"дома"_s) letter.take([&] { Press(name, 0, typed); });
+                             }));
+    open.print(u"frmSelectCD on 32,767 discs to its first paint"_s, 150);
+    letter.print(u"  a letter in the filter by name, painted"_s, 100);
+}
+
 void edit(Program& program, const CatalogueKind& kind)
 {
     Figure opens;
@@ -128,6 +142,7 @@ int main(int argc, char** argv)
         FillShelf(bench.program, *kind);
         markDiscs(bench.program, *kind);
         browse(bench.program, *kind);
+        pick(bench.program, *kind);
         edit(bench.program, *kind);
         move(bench.program, *kind);
         add(bench.program, *kind);

@@ -4,6 +4,12 @@
 namespace {
 class ChangeNumberScreen : public ScreenTest {
 protected:
+    ChangeNumberScreen()
+    {
+        shelf.audio(7, "Кино", "Группа крови");
+        shelf.audio(2, "Аквариум");
+        shelf.dvd(7, "Солярис");
+    }
     Script change(const char* old, const char* number)
     {
         co_await type("txtNumberOld", old);
@@ -17,21 +23,15 @@ protected:
 
 TEST_F(ChangeNumberScreen, MovesToAFreeNumberAndSwapsWithOneThatIsTaken)
 {
-    shelf.audio(7, "Кино", "Группа крови");
-    shelf.audio(2, "Аквариум");
-    shelf.dvd(7, "Солярис");
     run<frmChangeNumber>([&]() -> Script {
-        EXPECT_EQ(title(), "Изменение номера диска");
         EXPECT_EQ(sharedMnemonics(), "");
-        co_await picture("frmChangeNumber-empty");
-        expectBox("Подтвердите изменение диска № 7:\r'Кино - Группа крови' на № 9.", 65, Answer::Cancel);
+        const QString move = "Подтвердите изменение диска № 7:\r'Кино - Группа крови' на № 9.";
+        expectBox(move, 65, Answer::Cancel);
         co_await change("07", "9");
         EXPECT_EQ(shown("lblNumberOld") + " > " + shown("lblNumberNew"), "Кино - Группа крови > свободен");
-        EXPECT_EQ(shown("txtNumberOld") + " > " + shown("txtNumberNew"), "7 > 9");
         EXPECT_EQ(audio(), "7 | Кино\n2 | Аквариум\n");
         co_await picture("frmChangeNumber");
-
-        expectBox("Подтвердите изменение диска № 7:\r'Кино - Группа крови' на № 9.", 65);
+        expectBox(move, 65);
         expectBox("Диск № 7 был успешно изменен на № 9.", 64);
         co_await click("imgButton_0");
         EXPECT_EQ(focus() + shown("txtNumberOld") + shown("txtNumberNew"), "txtNumberOld") << "ready for the next one";
@@ -55,21 +55,17 @@ TEST_F(ChangeNumberScreen, MovesToAFreeNumberAndSwapsWithOneThatIsTaken)
 
 TEST_F(ChangeNumberScreen, RefusesWhatIsNoNumberOrNoDisc)
 {
-    shelf.audio(7, "Кино");
     run<frmChangeNumber>([&]() -> Script {
-        for (const char* wrong : {"", "0", "32768"}) {
-            expectBox("Указан не верный номер диска для изменения. Повторите ввод.", 48);
-            co_await change(wrong, "3");
-            EXPECT_EQ(focus(), "txtNumberOld") << wrong;
-        }
+        expectBox("Указан не верный номер диска для изменения. Повторите ввод.", 48);
+        co_await change("", "3");
+        EXPECT_EQ(focus(), "txtNumberOld");
         expectBox("Указан не верный новый номер диска. Повторите ввод.", 48);
-        co_await change("7", "0");
-        EXPECT_EQ(control<QLineEdit>("txtNumberNew").selectedText(), "0");
+        co_await change("7", "32768");
+        EXPECT_EQ(control<QLineEdit>("txtNumberNew").selectedText(), "32768");
         expectBox("Диск № 5 отсутствует в каталоге.", 48);
         co_await change("5x", "3");
         EXPECT_EQ(control<QLineEdit>("txtNumberOld").selectedText(), "5") << "letters are not taken";
-        co_await key(Qt::Key_Escape);
     });
-    EXPECT_EQ(audio(), "7 | Кино\n");
+    EXPECT_EQ(audio(), "7 | Кино\n2 | Аквариум\n");
 }
 }

@@ -1,8 +1,5 @@
-#include "catalogue/Given.h"
 #include "catalogue/frmSelectCD.h"
 #include "harness/ScreenTest.h"
-
-#include <QElapsedTimer>
 
 namespace {
 class Picker : public ScreenTest {
@@ -110,21 +107,5 @@ TEST_F(Picker, NarrowsByNameAmongThoseOfItsModeAndComesBack)
         co_await click("imgButton_0");
     });
     EXPECT_EQ(choice(), "3:1 key 3") << "a number that was not gone to is no choice";
-}
-
-TEST_F(Picker, OpensOnAFullCatalogueWithoutAPause)
-{
-    shelf.computer(1, "Диск");
-    FillNumbers(program, 32767);
-    QElapsedTimer timer;
-    timer.start();
-    pick("fullPC", [&]() -> Script {
-        RecordProperty("milliseconds", int(timer.elapsed()));
-        EXPECT_LT(timer.elapsed(), 1500) << "reading every row takes longer";
-        EXPECT_EQ(shown("lblCDsCount1"), "32767");
-        co_await key(Qt::Key_End);
-        co_await key(Qt::Key_Return);
-    });
-    EXPECT_EQ(choice(), "32767:1 key 32767");
 }
 }
