@@ -6,12 +6,6 @@
 #include "ui/IconLabel.h"
 #include "ui/Theme.h"
 
-void CatalogueScreen::Routine(QLatin1StringView name, const std::function<void()>& body)
-{
-    const QByteArray place = objectName().toLatin1() + ", " + QByteArray(name.data(), name.size()) + "()";
-    Guarded(QLatin1StringView(place), body);
-}
-
 QWidget* CatalogueScreen::sign() const
 {
     auto* sign = new IconLabel;

@@ -17,8 +17,6 @@ protected:
     /// Tag of the controls that a screen enables or shows together.
     static inline const QString MyGroup = u"MyGroup"_s;
 
-    /// Runs a routine guarded under the screen's own name, as in "frmCataloguePCCD, cmdAdd()".
-    void Routine(QLatin1StringView name, const std::function<void()>& body);
     /// The catalogue's picture in its accent.
     QWidget* sign() const;
     /// The top of a dialog: the sign and, as its heading, the caption that says what is done.

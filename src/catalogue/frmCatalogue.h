@@ -2,7 +2,7 @@
 
 #include "catalogue/CatalogueScreen.h"
 #include "catalogue/PictureBox.h"
-#include "catalogue/TypeAhead.h"
+#include "ui/TypeAhead.h"
 #include "ui/Blinker.h"
 #include "ui/DBGrid.h"
 #include "ui/IconLabel.h"

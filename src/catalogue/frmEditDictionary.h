@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalogue/CatalogueScreen.h"
-#include "catalogue/TypeAhead.h"
+#include "ui/TypeAhead.h"
 #include "ui/DBGrid.h"
 #include "ui/ImageButton.h"
 

@@ -2,7 +2,7 @@
 
 #include "catalogue/CatalogueScreen.h"
 #include "catalogue/PickerMode.h"
-#include "catalogue/TypeAhead.h"
+#include "ui/TypeAhead.h"
 #include "ui/DBGrid.h"
 #include "ui/ImageButton.h"
 

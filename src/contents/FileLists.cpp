@@ -8,15 +8,6 @@
 #include <algorithm>
 #include <cmath>
 
-bool CheckFileTableOwner(const Database& main, const QString& id)
-{
-    QStringList tests;
-    for (int k = 1; k <= 6; ++k) tests += CatalogueKind::listField(k) + u" = ?"_s;
-    return main.Scalar(u"SELECT COUNT(*) FROM %1 WHERE %2"_s.arg(Computer().table, tests.join(u" OR "_s)),
-                       QList<Value>(6, id))
-               .toInt() > 0;
-}
-
 /// At most ten decimal digits, so that it fits the fields that name lists.
 static QString madeUpName(QRandomGenerator& random)
 {
@@ -27,21 +18,12 @@ static QString madeUpName(QRandomGenerator& random)
 bool CreateFileTable(const Database& files, const Database& main, QString& id, const std::function<bool()>& ask,
                      QRandomGenerator& random)
 {
-    for (;;) {
-        try {
-            files.CreateTable(FileTable(id));
-            return true;
-        } catch (const RuntimeError& error) {
-            if (error.number() != DaoErrorNumber::TableExists) throw;
-        }
-        if (!ask) return false;
-        if (!CheckFileTableOwner(main, id)) {
-            DropList(files, id);
-            continue;
-        }
+    if (!ask && files.HasTable(id)) return false;
+    while (!CreateList(files, main, Computer(), id)) {
         if (!ask()) return false;
         id = madeUpName(random);
     }
+    return true;
 }
 
 static Value orNull(const QString& text) { return text.isEmpty() ? Value() : Value(text); }
@@ -60,25 +42,11 @@ void FileListWriter::add(const FileRow& row)
     m_list.Update();
 }
 
-static void setFields(const Database& main, DiscOfRow disc, const QStringList& fields, const Value& value)
-{
-    Recordset row = main.OpenRecordset(Computer().rowByKey(), {disc.key});
-    row.Edit();
-    for (const QString& field : fields) row[field] = value;
-    row.Update();
-}
-
 void CreateLinkDiskID(const Database& main, DiscOfRow disc, const QString& id, bool share)
 {
-    QStringList fields{CatalogueKind::listField(disc.disc)};
-    if (share) fields += CatalogueKind::bindingField(disc.disc);
-    setFields(main, disc, fields, id);
-}
-
-void DeleteList(const Database& files, const Database& main, DiscOfRow disc, const QString& id)
-{
-    DropList(files, id);
-    setFields(main, disc, {CatalogueKind::listField(disc.disc)}, {});
+    QHash<QString, Value> fields{{CatalogueKind::listField(disc.disc), id}};
+    if (share) fields[CatalogueKind::bindingField(disc.disc)] = id;
+    SetFields(main, Computer(), disc.key, fields);
 }
 
 /// Names on a disc may differ in case alone, which a comparison of fields would pass over; that of an expression does not.

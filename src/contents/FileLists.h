@@ -2,18 +2,9 @@
 
 #include "contents/FileListScanner.h"
 #include "dao/Database.h"
-#include "store/CatalogueKind.h"
+#include "store/DiscTables.h"
 
 #include <QRandomGenerator>
-
-/// One physical disc of a row of the computer catalogue.
-struct DiscOfRow {
-    qint64 key = 0; ///< of the row
-    int disc = 1;   ///< 1 to 6
-};
-
-/// Whether a disc of any row has the list `id`.
-bool CheckFileTableOwner(const Database& main, const QString& id);
 
 /// Makes an empty list named `id`. When there is one of that name already: without `ask` that is a failure; with it, a
 /// list that no row owns is replaced without a word, and for one that is owned `ask` says whether the new list shall get
@@ -32,8 +23,6 @@ private:
 
 /// The row's disc has the list `id` from now on; `share` binds it to the medium of that identifier, too.
 void CreateLinkDiskID(const Database& main, DiscOfRow disc, const QString& id, bool share);
-/// Drops the list `id`, which may be gone already, and takes it from its row. The binding stays.
-void DeleteList(const Database& files, const Database& main, DiscOfRow disc, const QString& id);
 
 /// All folders of a list in the order of FolderPathLess. Error 3078 when the list is missing, 3061 when it lacks a field, as
 /// one of a foreign database may.

@@ -7,25 +7,31 @@
 #include "frame/Settings.h"
 #include "frame/Text.h"
 #include "recognition/DiscIdentity.h"
-#include "store/DiscTables.h"
 #include "store/Schema.h"
 #include "ui/Icons.h"
-#include "ui/Lettering.h"
 
 #include <QShortcut>
-#include <algorithm>
+
+static const ListWords Words{
+    .screen = u"frmFileList"_s,
+    .title = u"Файлы"_s,
+    .header = u"Список файлов Компьютерного диска"_s,
+    .none = u"Списка файлов нет.\nВставьте диск и нажмите «Создать»."_s,
+    .deleteQuestion = u"Вы действительно хотите удалить информация о структуре %2-го диска № %1?"_s,
+    .recreateQuestion = u"Текущий список файлов будет удален! Продолжить?"_s,
+    .deleteRoutine = "DeleteList"_L1,
+    .createHint = u"Создать список файлов диска"_s,
+    .deleteHint = u"Удалить список файлов диска"_s,
+    .recreateHint = u"Удалить список файлов диска и создать новый"_s,
+    .closeHint = u"Закрыть список файлов"_s,
+};
 
 frmFileList::frmFileList(Program& program, const ListRequest& request)
-    : Screen(program, u"frmFileList"_s, u"Файлы"_s), request(request)
+    : ListScreen(program, Computer(), Words, request)
 {
-    setMaximizable();
-    lblHeader->setText(u"Список файлов Компьютерного диска"_s);
-    lettered(lblHeader, Lettering::Heading);
     txtNoFiles->setText(u"В этой папке нет файлов"_s);
-    for (QLabel* empty : {txtNoFiles, lblNoFiles}) {
-        empty->setAlignment(Qt::AlignCenter);
-        empty->setEnabled(false);
-    }
+    txtNoFiles->setAlignment(Qt::AlignCenter);
+    txtNoFiles->setEnabled(false);
     trView->setHeaderHidden(true);
     trView->setUniformRowHeights(true);
     trView->setModel(&tree);
@@ -37,16 +43,6 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
     lvFiles->setAccessibleName(u"Файлы"_s);
     cmdMakeChangeDir->setup(u"ok"_s, {}, u"Внести изменения"_s);
     cmdMakeChangeFile->setup(u"ok"_s, {}, u"Внести изменения"_s);
-    imgButton[0]->setup(u"close"_s, u"&Закрыть"_s, u"Закрыть список файлов"_s);
-    imgButton[1]->setup(u"scan"_s, u"&Создать…"_s, u"Создать список файлов диска"_s);
-    imgButton[2]->setup(u"delete"_s, u"&Удалить"_s, u"Удалить список файлов диска"_s);
-    imgButton[3]->setup(u"refresh"_s, u"&Пересоздать…"_s, u"Удалить список файлов диска и создать новый"_s);
-
-    imgButton[1]->setWhyDisabled(u"Список уже есть: его можно пересоздать"_s);
-    for (const std::size_t onList : {2, 3}) imgButton[onList]->setWhyDisabled(u"Списка ещё нет: его можно создать"_s);
-
-    QLabel* numberCaption = label(u"Диск №"_s);
-    QLabel* discCaption = label(u"C&D:"_s, cmbCountCD);
     QLabel* volumeCaption = label(u"Объем файлов в списке:"_s);
     QWidget* folders = panel(
         column(trView, commentRow(u"Комментарий к п&апке:"_s, txtCommentDir, cmdMakeChangeDir, u"CommentDir"_s)));
@@ -61,15 +57,9 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
     picSlider->setStretchFactor(1, 3);
     for (const auto& [keys, step] : {std::pair{Qt::ALT | Qt::Key_Left, -1}, std::pair{Qt::ALT | Qt::Key_Right, 1}})
         connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, step = step] { moveDivider(step); });
-    QBoxLayout* page = column(
-        row(lblHeader, stretch, discCaption, cmbCountCD), row(numberCaption, lblNumber, lblName),
-        stack(picSlider, lblNoFiles),
-        row(volumeCaption, lblCDSpace[0], stretch, imgButton[1], imgButton[2], imgButton[3], imgButton[0]));
-    page->setStretch(2, 1);
-    setLayout(page);
+    build({.about = row(lblName), .list = picSlider, .state = row(volumeCaption, lblCDSpace[0])});
     resize(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 34);
 
-    connect(cmbCountCD, &QComboBox::currentIndexChanged, this, &frmFileList::cmbCountCD_Click);
     connect(trView->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmFileList::trView_NodeClick);
     connect(lvFiles, &ListView::currentRowChanged, this, &frmFileList::lvFiles_ItemClick);
     connect(lvFiles, &ListView::rowActivated, this, &frmFileList::lvFiles_DblClick);
@@ -77,10 +67,6 @@ frmFileList::frmFileList(Program& program, const ListRequest& request)
     connect(txtCommentDir, &QLineEdit::returnPressed, this, &frmFileList::cmdMakeChangeDir_Click);
     connect(cmdMakeChangeFile, &QPushButton::clicked, this, &frmFileList::cmdMakeChangeFile_Click);
     connect(txtCommentFile, &QLineEdit::returnPressed, this, &frmFileList::cmdMakeChangeFile_Click);
-    connect(imgButton[0], &QPushButton::clicked, this, &Form::reject);
-    connect(imgButton[1], &QPushButton::clicked, this, &frmFileList::cmdCreate);
-    connect(imgButton[2], &QPushButton::clicked, this, &frmFileList::DeleteListAsk);
-    connect(imgButton[3], &QPushButton::clicked, this, &frmFileList::RecreateListAsk);
 }
 
 QLayout* frmFileList::commentRow(const QString& caption, QLineEdit* box, ImageButton* button, const QString& tag)
@@ -98,36 +84,19 @@ void frmFileList::moveDivider(int step)
     picSlider->setSizes({widths[0] + distance, widths[1] - distance});
 }
 
-void frmFileList::Form_Load()
+void frmFileList::showNoList()
 {
-    Guarded("frmFileList, Form_Load()"_L1, [&] {
-        program.shared.DiscIDSlots = ListsOfDisc(program.mainDatabase(), Computer(), request.key);
-        program.shared.CurrentDiscID = program.shared.DiscIDSlots[0];
-        lblNumber->setText(QString::number(request.number));
-        lblName->setText(request.title);
-        {
-            const QSignalBlocker quiet(cmbCountCD);
-            for (int k = 1; k <= std::clamp(request.discs, 1, 6); ++k) cmbCountCD->addItem(QString::number(k));
-            cmbCountCD->setEnabled(cmbCountCD->count() > 1);
-            cmbCountCD->setCurrentIndex(std::clamp(request.disc, 1, cmbCountCD->count()) - 1);
-        }
-        cmbCountCD_Click();
-        focusList();
-        if (request.place) showPlace(*request.place);
-    });
-}
-
-/// Now that the window has its size.
-void frmFileList::Form_Activate()
-{
-    trView->scrollTo(trView->currentIndex());
-    lvFiles->scrollTo(lvFiles->currentIndex());
+    txtCommentDir->clear();
+    txtCommentFile->clear();
+    setEnabledByTag(u"CommentDir", false);
+    setEnabledByTag(u"CommentFile", false);
+    lblCDSpace[0]->setText(u"~0 Мб"_s);
 }
 
 void frmFileList::showPlace(const ListPlace& place)
 {
     const int node = tree.find(place.folder);
-    if (trView->isHidden() || node < 0) return;
+    if (node < 0) return;
     trView->setCurrentIndex(tree.indexOf(node));
     const int file = place.name.isEmpty() ? -1 : lvFiles->find(place.name);
     if (file < 0) return;
@@ -136,34 +105,11 @@ void frmFileList::showPlace(const ListPlace& place)
     lvFiles->setFocus();
 }
 
-/// What the user wants first: the list, or what makes one.
-void frmFileList::focusList()
+/// Now that the window has its size.
+void frmFileList::Form_Activate()
 {
-    QWidget* none = imgButton[imgButton[1]->isEnabled() ? 1 : 3];
-    (trView->isHidden() ? none : trView)->setFocus();
-}
-
-void frmFileList::cmbCountCD_Click()
-{
-    Guarded("frmFileList, cmbCountCD_Click()"_L1, [&] {
-        const Hourglass hourglass;
-        program.shared.CurrentDiscID = slot();
-        const bool listed = !program.shared.CurrentDiscID.isEmpty();
-        imgButton[1]->setEnabled(!listed);
-        imgButton[2]->setEnabled(listed);
-        imgButton[3]->setEnabled(listed);
-        if (listed) {
-            if (BuildTree()) showList();
-            return;
-        }
-        showTree(false);
-        lblNoFiles->setText(u"Списка файлов нет.\nВставьте диск и нажмите «Создать»."_s);
-        txtCommentDir->clear();
-        txtCommentFile->clear();
-        setEnabledByTag(u"CommentDir", false);
-        setEnabledByTag(u"CommentFile", false);
-        lblCDSpace[0]->setText(u"~0 Мб"_s);
-    });
+    trView->scrollTo(trView->currentIndex());
+    lvFiles->scrollTo(lvFiles->currentIndex());
 }
 
 bool frmFileList::BuildTree()
@@ -176,26 +122,19 @@ bool frmFileList::BuildTree()
     } catch (const RuntimeError&) {
         setEnabledByTag(u"CommentDir", false);
         setEnabledByTag(u"CommentFile", false);
-        showTree(false);
-        lblNoFiles->setText(u"Список файлов не читается.\nВставьте диск и нажмите «Пересоздать»."_s);
+        sayNoList(u"Список файлов не читается.\nВставьте диск и нажмите «Пересоздать»."_s);
         MsgBox(u"ВНИМАНИЕ!\r\rПроизошла ошибка при создании списка файлов! Необходимо повторно произвести сканирование "
                u"диска."_s);
         return false;
     }
-    showTree(true);
+    sayNoList({});
     setEnabledByTag(u"CommentDir", true);
     return true;
 }
 
-void frmFileList::showTree(bool shown)
-{
-    for (QWidget* part : std::initializer_list<QWidget*>{picSlider, trView, lvFiles}) part->setVisible(shown);
-    txtNoFiles->hide();
-    lblNoFiles->setVisible(!shown);
-}
-
 void frmFileList::showList()
 {
+    if (!BuildTree()) return;
     trView->setCurrentIndex(tree.indexOf(0));
     ShowListVolume();
 }
@@ -287,42 +226,7 @@ void frmFileList::lvFiles_DblClick()
     });
 }
 
-void frmFileList::cmdCreate()
-{
-    Guarded("frmFileList, cmdCreate()"_L1, [&] {
-        frmFileListOption(program, disc(), request.number).ShowModal(this);
-        if (!std::exchange(program.shared.DialogDone, false)) return;
-        cmbCountCD_Click();
-        focusList();
-    });
-}
-
-void frmFileList::DeleteListAsk()
-{
-    if (!Ask(u"Вы действительно хотите удалить информация о структуре %1-го диска № %2?"_s.arg(discNumber())
-                 .arg(request.number),
-             Box::Question | Box::SafeDefault))
-        return;
-    DeleteList();
-    cmbCountCD_Click();
-    focusList();
-}
-
-void frmFileList::RecreateListAsk()
-{
-    if (!Ask(u"Текущий список файлов будет удален! Продолжить?"_s, Box::Warning)) return;
-    DeleteList();
-    cmbCountCD_Click();
-    cmdCreate();
-}
-
-void frmFileList::DeleteList()
-{
-    Guarded("frmFileList, DeleteList()"_L1, [&] {
-        ::DeleteList(program.filesDatabase(), program.mainDatabase(), disc(), program.shared.CurrentDiscID);
-        slot().clear();
-    });
-}
+void frmFileList::openOptions() { frmFileListOption(program, disc(), request.number).ShowModal(this); }
 
 void ShowFileList(Program& program, Form& opener, const ListRequest& request)
 {

@@ -1,18 +1,12 @@
 #include "contents/frmFileListOption.h"
 
+#include "contents/FileLists.h"
 #include "contents/frmEditFilter.h"
 #include "contents/frmFileListCreate.h"
-#include "frame/Settings.h"
-#include "recognition/DiscIdentity.h"
-
-#include <QEvent>
-
-static const QString NoDrive = u"Устройство для чтения компакт-дисков не найдено!"_s;
-static const QString NoDisc = u"Вставьте диск в устройство для чтения компакт-дисков и повторите операцию."_s;
+#include "recognition/Refusals.h"
 
 frmFileListOption::frmFileListOption(Program& program, DiscOfRow disc, int number)
-    : Screen(program, u"frmFileListOption"_s, u"Параметры сканирования диска № %1 (CD%2)"_s.arg(number).arg(disc.disc)),
-      disc(disc)
+    : ListOptionScreen(program, u"frmFileListOption"_s, disc, number)
 {
     chFilesInCore->setText(u"Файлы в &корневом каталоге"_s);
     chScanDir->setText(u"К&аталоги и подкаталоги"_s);
@@ -29,17 +23,14 @@ frmFileListOption::frmFileListOption(Program& program, DiscOfRow disc, int numbe
     imgButton[1]->setup(u"close"_s, u"&Закрыть"_s, u"Закрыть без сканирования"_s);
     imgButton[2]->setup(u"filter"_s, u"&Изменить…"_s, u"Изменить фильтр файлов"_s);
 
-    QLabel* driveCaption = label(u"&Устройство:"_s, cmbDrive);
     QBoxLayout* foldersOnly = row(chScanDirOnly, stretch);
     foldersOnly->setContentsMargins(fontMetrics().height() * 3 / 2, 0, 0, 0); // it belongs to the box above
-    setLayout(column(row(driveCaption, cmbDrive, lblInserCD, stretch),
+    setLayout(column(driveRow(),
                      group(u"Область сканирования"_s, column(chFilesInCore, chScanDir, foldersOnly)),
                      group(u"Файлы"_s, column(chLCase, chHiddenFiles, chFiles,
                                               row(chFilter, optFilter[0], optFilter[1], stretch, imgButton[2]))),
                      chShare, stretch, row(stretch, imgButton[0], imgButton[1])));
 
-    // Also when the same drive is chosen again.
-    connect(cmbDrive, &QComboBox::activated, this, &frmFileListOption::cmbDrive_Click);
     for (QCheckBox* box : {chScanDir, chScanDirOnly, chFilter})
         connect(box, &QCheckBox::toggled, this, &frmFileListOption::enableOptions);
     connect(imgButton[0], &QPushButton::clicked, this, &frmFileListOption::cmdStartScan);
@@ -50,7 +41,6 @@ frmFileListOption::frmFileListOption(Program& program, DiscOfRow disc, int numbe
 void frmFileListOption::Form_Load()
 {
     Guarded("frmFileListOption, Form_Load()"_L1, [&] {
-        program.shared.DialogDone = false;
         ScanOptions kept;
         ReadScanOptions(program.settings(), kept);
         showOptions(kept);
@@ -63,41 +53,6 @@ void frmFileListOption::Form_Unload()
     Guarded("frmFileListOption, Form_Unload()"_L1, [&] { WriteScanOptions(program.settings(), options()); });
 }
 
-void frmFileListOption::loadDrives()
-{
-    const QString letters = GetCDDrives(program);
-    if (letters.isEmpty()) {
-        MsgBox(NoDrive);
-        cmbDrive->setEnabled(false);
-        return;
-    }
-    for (const QChar letter : letters) cmbDrive->addItem(letter + u":\\"_s);
-    cmbDrive->setCurrentIndex(qMax(0, cmbDrive->findText(DefaultDrive(program).left(3), Qt::MatchFixedString)));
-    cmbDrive_Click();
-}
-
-void frmFileListOption::cmbDrive_Click()
-{
-    Guarded("frmFileListOption, cmbDrive_Click()"_L1,
-            [&] { showKind(GetDiskIDcheck(program, cmbDrive->currentText())); });
-}
-
-void frmFileListOption::showKind(const QString& kindWord)
-{
-    const CatalogueKind* kind = CatalogueByKindWord(kindWord);
-    lblInserCD->setText(kind ? kind->mediumCaption : u"(нет)"_s);
-}
-
-/// The user comes back, perhaps from the drive. Nobody is asked here: a question would take the window's place again.
-bool frmFileListOption::event(QEvent* event)
-{
-    if (event->type() == QEvent::WindowActivate && activated() && cmbDrive->count() > 0) {
-        const QString kind = GlanceAt(program, cmbDrive->currentText()).disc.kind;
-        if (kind != UndecidedKind) showKind(kind);
-    }
-    return Screen::event(event);
-}
-
 void frmFileListOption::cmdStartScan()
 {
     Guarded("frmFileListOption, cmdStartScan()"_L1, [&] {
@@ -105,10 +60,7 @@ void frmFileListOption::cmdStartScan()
             MsgBox(u"Выберите область сканирования диска!"_s);
             return;
         }
-        if (cmbDrive->count() == 0) {
-            MsgBox(NoDrive);
-            return;
-        }
+        if (!hasDrive()) return;
         const QString root = cmbDrive->currentText();
         const DiscInDrive inDrive = ReadDisc(program, root);
         if (inDrive.kind == Audio().kindWord) {
@@ -116,28 +68,21 @@ void frmFileListOption::cmdStartScan()
             return;
         }
         if (inDrive.kind.isEmpty()) {
-            MsgBox(NoDisc);
+            MsgBox(Refusal::NoDisc);
             return;
         }
         if (inDrive.kind != Computer().kindWord) return; // of a DVD nothing is said
-        program.shared.CurrentDiscID = inDrive.id;
-        if (inDrive.id.isEmpty()) {
-            MsgBox(u"В устройстве для чтения компакт дисков вставлен диск без идентификационного номера (возможно, что "
-                   u"диск "
-                   u"записан в формате PacketCD, который не поддерживается программой)!"_s);
-            return;
-        }
+        if (!takeIdentifier(inDrive)) return;
         // The list is named after this medium, so no other one may be walked.
         Drive* drive = program.drives.find(root);
         const std::shared_ptr<Disc> medium = drive ? drive->disc() : nullptr;
         if (!medium || SerialToID(medium->volume().serial) != inDrive.id) {
-            MsgBox(NoDisc);
+            MsgBox(Refusal::NoDisc);
             return;
         }
         if (CreateFileTable()) {
             frmFileListCreate(program, *drive, medium, options()).ShowModal(this);
             CreateLinkDiskID();
-            program.shared.DialogDone = true;
         }
         Unload();
     });
@@ -161,9 +106,8 @@ bool frmFileListOption::CreateFileTable()
 void frmFileListOption::CreateLinkDiskID()
 {
     Guarded("frmFileListOption, CreateLinkDiskID()"_L1, [&] {
-        const QString& id = program.shared.CurrentDiscID;
-        ::CreateLinkDiskID(program.mainDatabase(), disc, id, chShare->isChecked());
-        program.shared.DiscIDSlots.at(std::size_t(disc.disc - 1)) = id;
+        ::CreateLinkDiskID(program.mainDatabase(), disc, program.shared.CurrentDiscID, chShare->isChecked());
+        listMade();
     });
 }
 

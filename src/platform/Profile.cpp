@@ -90,18 +90,23 @@ public:
     }
     QStringView valueAt(qsizetype i) const { return Unquoted(Trimmed(at(i).sliced(at(i).indexOf(u'=') + 1))); }
 
-    void setValue(qsizetype i, const QString& value)
+    /// Replaces the value in place, or adds key and section; false for names that no line can carry.
+    bool put(QStringView sectionName, const QString& key, const QString& value)
     {
-        m_lines[i] = at(i).first(at(i).indexOf(u'=') + 1).toString() + value + QStringLiteral("\r\n");
+        if (key.isEmpty() || key.contains(u'=')) return false;
+        auto range = section(sectionName);
+        if (!range) {
+            insert(m_lines.size(), u'[' + OneLine(sectionName) + u']');
+            range = section(sectionName);
+            if (!range) return false;
+        }
+        const qsizetype line = find(*range, key);
+        if (line >= 0)
+            m_lines[line] = at(line).first(at(line).indexOf(u'=') + 1).toString() + value + QStringLiteral("\r\n");
+        else
+            append(*range, key + u'=' + value);
+        return true;
     }
-    /// Behind the section's last line that is not blank, so that a gap before the next heading stays one.
-    void append(const Range& range, const QString& line)
-    {
-        qsizetype i = range.end;
-        while (i > range.begin && Trimmed(at(i - 1)).isEmpty()) --i;
-        insert(i, line);
-    }
-    void append(const QString& line) { insert(m_lines.size(), line); }
     void remove(qsizetype begin, qsizetype end) { m_lines.remove(begin, end - begin); }
 
     QByteArray content() const { return EncodeCp1251(m_lines.join(QString())); }
@@ -120,6 +125,13 @@ private:
         const qsizetype bracket = line.lastIndexOf(u']');
         if (!line.startsWith(u'[') || bracket < 0) return {};
         return line.sliced(1, bracket - 1);
+    }
+    /// Behind the section's last line that is not blank, so that a gap before the next heading stays one.
+    void append(const Range& range, const QString& line)
+    {
+        qsizetype i = range.end;
+        while (i > range.begin && Trimmed(at(i - 1)).isEmpty()) --i;
+        insert(i, line);
     }
     void insert(qsizetype i, const QString& line)
     {
@@ -177,23 +189,31 @@ QStringList Profile::keys(QStringView section) const
     return keys;
 }
 
+QHash<QString, QString> Profile::values(QStringView section, int buffer) const
+{
+    const Lines lines(Content(m_path).value_or(QByteArray()));
+    const auto range = lines.section(section);
+    QHash<QString, QString> values;
+    for (qsizetype i = range ? range->begin : 0; range && i < range->end; ++i) {
+        const auto key = lines.keyAt(i);
+        if (!key || values.contains(key->toString().toLower())) continue;
+        values[key->toString().toLower()] = lines.valueAt(i).left(std::max(0, buffer - 1)).toString();
+    }
+    return values;
+}
+
 bool Profile::write(QStringView section, QStringView key, const QString& value) const
 {
+    return write(section, {{key.toString(), value}});
+}
+
+bool Profile::write(QStringView section, const Entries& entries) const
+{
     const auto content = Content(m_path);
-    const QString name = OneLine(key);
-    if (!content || name.isEmpty() || name.contains(u'=')) return false;
+    if (!content) return false;
     Lines lines(*content);
-    auto range = lines.section(section);
-    if (!range) {
-        lines.append(u'[' + OneLine(section) + u']');
-        range = lines.section(section);
-        if (!range) return false; // a name that no heading can carry
-    }
-    const qsizetype line = lines.find(*range, name);
-    if (line >= 0)
-        lines.setValue(line, OneLine(value));
-    else
-        lines.append(*range, name + u'=' + OneLine(value));
+    for (const auto& [key, value] : entries)
+        if (!lines.put(section, OneLine(key), OneLine(value))) return false;
     return Replace(m_path, lines.content());
 }
 

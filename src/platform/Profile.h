@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 /// A settings file of sections and keys, lines end in CR LF, in code page 1251:
@@ -26,10 +27,16 @@ public:
     double number(QStringView section, QStringView key, int buffer = 255) const;
     /// The whole section as it stands, in order.
     QStringList keys(QStringView section) const;
+    /// All values of the section by their keys in lower case, for who reads many: the file is read once. Of a key that
+    /// stands there twice the first one counts, as in read().
+    QHash<QString, QString> values(QStringView section, int buffer = 255) const;
 
     /// Replaces the value in place, or adds key and section at the end; what stands around it, comments too, is kept.
     /// A character outside the code page becomes "?". The file is replaced in one step.
     bool write(QStringView section, QStringView key, const QString& value) const;
+    /// Several keys, in this order, in one step.
+    using Entries = QList<std::pair<QString, QString>>;
+    bool write(QStringView section, const Entries& entries) const;
     bool removeKey(QStringView section, QStringView key) const;
     bool removeSection(QStringView section) const;
 

@@ -83,7 +83,7 @@ TableDef catalogue(const QString& name, const QString& key, const OwnFields& own
 
 TableDef audio()
 {
-    const auto time = [](const QString& field) { return text(field, 5); };
+    const auto time = [](const QString& field) { return text(field, FieldLength::PlayingTime); };
     return catalogue(
         u"Аудио"_s, u"КодАудиоДиск"_s,
         {.afterTitle = {textOrEmpty(u"Альбом"_s, 60)},
@@ -182,7 +182,8 @@ TableDef FileTable(const QString& id)
 TableDef TrackTable(const QString& id)
 {
     return {.name = id,
-            .fields = {integer(u"Номер"_s), text(u"Название"_s, 255), text(u"Комментарий"_s, FieldLength::Comment)},
+            .fields = {integer(u"Номер"_s), text(u"Название"_s, FieldLength::TrackName),
+                       text(u"Комментарий"_s, FieldLength::Comment)},
             .primaryKey = {},
             .relations = {}};
 }

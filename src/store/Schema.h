@@ -6,7 +6,7 @@
 const QList<TableDef>& MainSchema();
 /// Фильтр1 and Фильтр2 of vinora_files.db.
 const QList<TableDef>& FilterSchema();
-/// Most characters of the fields of a computer disc's list, and of a filter's entry.
+/// Most characters of the fields of lists, of a filter's entry, and of what a catalogue keeps from lists.
 namespace FieldLength {
 inline constexpr int FileName = 255;
 inline constexpr int FolderPath = 255;
@@ -14,6 +14,8 @@ inline constexpr int FileSize = 11;
 inline constexpr int Comment = 50; ///< of a track, too
 inline constexpr int FilterEntry = 255;
 inline constexpr int DictionaryName = 50;
+inline constexpr int TrackName = 255;
+inline constexpr int PlayingTime = 5; ///< of an audio disc
 }
 /// The list of one computer disc and of one audio disc, named by `id`.
 TableDef FileTable(const QString& id);

@@ -48,10 +48,10 @@ TEST_F(FileLists, LinkAndDeletionTouchTheirDiscOfTheRowAlone)
     CreateLinkDiskID(main(), {key, 2}, "D4", true);
     EXPECT_EQ(rows("SELECT ДискID2_d FROM Компьютер"), "D4\nNull\n");
 
-    DeleteList(files(), main(), {key, 2}, "D4");
+    DeleteList(files(), main(), Computer(), {key, 2}, "D4");
     EXPECT_FALSE(files().HasTable("D4"));
     EXPECT_EQ(rows("SELECT ДискID2, ДискID2_d FROM Компьютер"), "Null | D4\nC3 | Null\n") << "the binding outlives it";
-    DeleteList(files(), main(), {key, 1}, "A1"); // a list that is gone
+    DeleteList(files(), main(), Computer(), {key, 1}, "A1"); // a list that is gone
     EXPECT_EQ(ListsOfDisc(main(), Computer(), key), (std::array<QString, 6>{}));
 }
 

@@ -1,3 +1,4 @@
+#include "contents/FileFilter.h"
 #include "contents/frmFileListOption.h"
 #include "harness/ScreenTest.h"
 

@@ -147,7 +147,7 @@ TEST_F(FileList, ListsAreCreatedDeletedAndRecreated)
         expectForm("frmFileListOption");
         co_await click("imgButton_1");
         co_await key(Qt::Key_Escape);
-        EXPECT_TRUE(visible("lblNoFiles"));
+        EXPECT_TRUE(visible("lblNoList"));
 
         expectForm("frmFileListOption");
         co_await click("imgButton_1");
@@ -169,7 +169,7 @@ TEST_F(FileList, ListsAreCreatedDeletedAndRecreated)
         co_await click("imgButton_2");
         EXPECT_FALSE(program.filesDatabase().HasTable("1A2B"));
         EXPECT_EQ(rows("SELECT ДискID1 FROM Компьютер") + program.shared.DiscIDSlots[0], "Null\n");
-        EXPECT_TRUE(visible("lblNoFiles") && enabled("imgButton_1"));
+        EXPECT_TRUE(visible("lblNoList") && enabled("imgButton_1"));
     });
 }
 

@@ -1,4 +1,4 @@
-#include "catalogue/TypeAhead.h"
+#include "ui/TypeAhead.h"
 
 #include "platform/Literals.h"
 
