@@ -2,11 +2,11 @@
 
 #include "catalogue/CatalogueScreen.h"
 #include "catalogue/PictureBox.h"
-#include "ui/TypeAhead.h"
 #include "ui/Blinker.h"
 #include "ui/DBGrid.h"
 #include "ui/IconLabel.h"
 #include "ui/ImageButton.h"
+#include "ui/TypeAhead.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "catalogue/CatalogueScreen.h"
-#include "ui/TypeAhead.h"
 #include "ui/DBGrid.h"
 #include "ui/ImageButton.h"
+#include "ui/TypeAhead.h"
 
 /// Keeps the dictionary of a catalogue: frmEditStyle, frmEditDescription, frmEditGenre. Its empty name stands for none
 /// and can be neither changed nor deleted.

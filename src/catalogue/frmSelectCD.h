@@ -2,9 +2,9 @@
 
 #include "catalogue/CatalogueScreen.h"
 #include "catalogue/PickerMode.h"
-#include "ui/TypeAhead.h"
 #include "ui/DBGrid.h"
 #include "ui/ImageButton.h"
+#include "ui/TypeAhead.h"
 
 #include <QComboBox>
 

@@ -1,6 +1,7 @@
 #include "contents/ListScreen.h"
 
 #include "ui/Lettering.h"
+#include "ui/Theme.h"
 
 #include <algorithm>
 
@@ -28,7 +29,8 @@ ListScreen::ListScreen(Program& program, const CatalogueKind& kind, const ListWo
 void ListScreen::build(const Parts& parts)
 {
     m_list = parts.list;
-    QLabel* numberCaption = label(u"Диск №"_s);
+    QLabel* numberCaption = lettered(label(u"Диск №"_s), Lettering::Caption);
+    parts.about->setContentsMargins(Theme::Gap, 0, 0, 0);
     QLabel* discCaption = label(u"C&D:"_s, cmbCountCD);
     QBoxLayout* page = column(
         row(lblHeader, stretch, discCaption, cmbCountCD), row(numberCaption, lblNumber, parts.about),

@@ -10,7 +10,7 @@
 /// What the screens of lists say, each of its own kind of list.
 struct ListWords {
     QString screen, title, header;
-    QString none; ///< in place of the list of a disc that has none
+    QString none;           ///< in place of the list of a disc that has none
     QString deleteQuestion; ///< %1 is the number in the catalogue, %2 the disc of the set
     QString recreateQuestion;
     QLatin1StringView deleteRoutine; ///< its name in the fault log

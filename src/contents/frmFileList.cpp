@@ -26,8 +26,7 @@ static const ListWords Words{
     .closeHint = u"Закрыть список файлов"_s,
 };
 
-frmFileList::frmFileList(Program& program, const ListRequest& request)
-    : ListScreen(program, Computer(), Words, request)
+frmFileList::frmFileList(Program& program, const ListRequest& request) : ListScreen(program, Computer(), Words, request)
 {
     txtNoFiles->setText(u"В этой папке нет файлов"_s);
     txtNoFiles->setAlignment(Qt::AlignCenter);

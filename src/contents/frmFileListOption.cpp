@@ -25,8 +25,7 @@ frmFileListOption::frmFileListOption(Program& program, DiscOfRow disc, int numbe
 
     QBoxLayout* foldersOnly = row(chScanDirOnly, stretch);
     foldersOnly->setContentsMargins(fontMetrics().height() * 3 / 2, 0, 0, 0); // it belongs to the box above
-    setLayout(column(driveRow(),
-                     group(u"Область сканирования"_s, column(chFilesInCore, chScanDir, foldersOnly)),
+    setLayout(column(driveRow(), group(u"Область сканирования"_s, column(chFilesInCore, chScanDir, foldersOnly)),
                      group(u"Файлы"_s, column(chLCase, chHiddenFiles, chFiles,
                                               row(chFilter, optFilter[0], optFilter[1], stretch, imgButton[2]))),
                      chShare, stretch, row(stretch, imgButton[0], imgButton[1])));

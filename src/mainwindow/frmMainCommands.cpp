@@ -7,6 +7,7 @@
 #include "catalogue/frmEditDictionary.h"
 #include "catalogue/frmSelectCD.h"
 #include "contents/frmFileList.h"
+#include "contents/frmTrackList.h"
 #include "lending/frmAddInDue.h"
 #include "lending/frmDue.h"
 #include "mainwindow/HelpCommands.h"
@@ -26,7 +27,7 @@ namespace {
 const QStringList builtScreens{
     u"frmAddInDue"_s,       u"frmDue"_s,      u"frmChangeNumber"_s, u"frmEditDescription"_s, u"frmEditGenre"_s,
     u"frmEditStyle"_s,      u"frmFileList"_s, u"frmHelp"_s,         u"frmOption"_s,          u"frmSelectCD"_s,
-    u"frmSelectCategory"_s, u"frmToolbars"_s, u"frmCreateQuery"_s,  u"frmDBFind"_s,
+    u"frmSelectCategory"_s, u"frmToolbars"_s, u"frmCreateQuery"_s,  u"frmDBFind"_s,          u"frmTrackList"_s,
 };
 
 struct ListBarItem {
@@ -291,13 +292,7 @@ std::optional<DiscChoice> frmMain::PickDisc(Form& opener, const QString& mode)
     return ::PickDisc(program, mode, &opener);
 }
 
-/// Openers ask `offers` first.
-[[noreturn]] static void refuseMissing(QStringView screen)
-{
-    throw RuntimeError(445, u"В этой версии программы нет окна '%1'."_s.arg(screen));
-}
-
-void frmMain::ShowTrackList(Form&, const ListRequest&) { refuseMissing(u"frmTrackList"); }
+void frmMain::ShowTrackList(Form& opener, const ListRequest& request) { ::ShowTrackList(program, opener, request); }
 
 void frmMain::ShowAddInDue(Form& opener, const QString& category, qint64 key)
 {

@@ -16,6 +16,8 @@ public:
     void Close();
 
     Mode mode() const { return m_mode; }
+    /// What was read: CD-TEXT, and which tracks are audio.
+    const TableOfContents& contents() const { return m_contents; }
     int Tracks() const { return int(m_contents.tracks.size()); }
     /// Start of track 1 to Tracks(), from the disc's absolute time zero on. Throws error 9 for others, as TrackLength does.
     Msf TrackPosition(int track) const;

@@ -24,6 +24,10 @@ struct CdPlayerEntry {
 /// `index` counts tracks from 0. Untrusted.
 class CdPlayerIni {
 public:
+    /// What the user is told after a write that failed.
+    static inline const QString NotWritten = QStringLiteral(
+        "Файл 'cdplayer.ini' не записан. Проверьте, есть ли место на диске и доступна ли папка настроек.");
+
     CdPlayerIni();
 
     /// Nothing for a disc without `numtracks`. The list has as many names as that says, at most MostTracks; a count that

@@ -1,5 +1,5 @@
-#include "contents/FileFilter.h"
 #include "contents/frmFileListOption.h"
+#include "contents/FileFilter.h"
 #include "harness/ScreenTest.h"
 
 #include <QApplication>
