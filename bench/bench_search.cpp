@@ -53,6 +53,7 @@ void fill(Program& program, int discs, int files)
         lists.CreateTable(FileTable(list));
         lists.Execute(
             u"INSERT INTO [%1] SELECT Имя & \" %2\", Путь, Размер, Комментарий FROM model"_s.arg(list).arg(disc));
+        if (disc % 50 == 0) program.engine.Commit(); // a group stays in memory until its end
     }
     lists.DropTable(u"model"_s);
 }
@@ -170,7 +171,6 @@ int main(int argc, char** argv)
     for (int run = 0; run < 3; ++run) opening.take([&] { TableReader(lists).open(); });
     opening.print(u"a reader's connection"_s);
     ListSearch search(lists, [] {});
-    search.warm();
     for (const QString& text : {u"сочинение"_s, u"report 23757"_s, u"txt"_s}) {
         std::size_t found = 0;
         qint64 lines = 0;

@@ -239,7 +239,9 @@ QString Statement::text(int column) const
 std::string_view Statement::bytes(int column) const
 {
     const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement, column));
-    return {bytes, bytes ? std::size_t(sqlite3_column_bytes(m_statement, column)) : 0};
+    // An empty text has no bytes either.
+    if (!bytes) return isNull(column) ? std::string_view() : std::string_view("");
+    return {bytes, std::size_t(sqlite3_column_bytes(m_statement, column))};
 }
 
 Value Statement::value(int column) const

@@ -70,7 +70,7 @@ public:
     bool isNull(int column) const;
     qint64 integer(int column) const;
     QString text(int column) const;
-    /// UTF-8, until the next step or reset.
+    /// UTF-8, until the next step or reset; without data() for Null.
     std::string_view bytes(int column) const;
     /// As it is stored.
     Value value(int column) const;

@@ -43,29 +43,42 @@ TableReader::~TableReader() = default;
 
 void TableReader::open()
 {
-    if (m_file && !m_file->moved()) return;
+    reading([] {});
+}
+
+void TableReader::openFile()
+{
     auto file = std::make_unique<SqliteFile>(m_path, SQLITE_OPEN_READONLY);
     file->restrictUse();
     // Virtual tables are code, and no lists.
     sqlite3_drop_modules(file->handle(), nullptr);
     RegisterCollation(file->handle());
     RegisterLike(file->handle());
-    file->number("SELECT count(*) FROM sqlite_schema");
+    m_pages = {};
     const std::lock_guard lock(m_opening);
     m_file = std::move(file);
 }
 
 void TableReader::reading(const std::function<void()>& block)
 {
-    open();
+    if (!m_file || m_file->moved()) openFile();
     m_file->execute("BEGIN");
     try {
+        // The first look at the file takes the lock.
+        const qint64 version = m_file->number("PRAGMA schema_version");
+        m_paged = m_pages.open(m_file->handle(), version);
         block();
     } catch (...) {
         sqlite3_exec(m_file->handle(), "ROLLBACK", nullptr, nullptr, nullptr);
         throw;
     }
     m_file->execute("COMMIT");
+}
+
+bool TableReader::readTexts(const QString& table, std::span<const std::string_view> fields,
+                            const TablePages::Take& take)
+{
+    return m_paged && m_pages.read(table.toStdString(), fields, take);
 }
 
 void TableReader::read(const QString& table, const Selection& selection, const std::function<void(const Row&)>& take)

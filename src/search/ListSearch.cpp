@@ -1,24 +1,37 @@
 #include "search/ListSearch.h"
 
+#include "dao/Collation.h"
 #include "dao/DBEngine.h"
+#include "dao/Like.h"
 
 #include <algorithm>
+#include <array>
 #include <mutex>
 
 namespace {
 
 constexpr unsigned MostReaders = 4; // more would wait for the disk
 
-QString soughtField(const ListQuery& query)
+using Field = std::string_view;
+
+/// The field that is compared, and behind it those of a hit: name and path.
+std::span<const Field> fieldsOf(const ListQuery& query)
 {
-    if (query.kind == ListQuery::Tracks) return u"Название"_s;
-    if (query.commentOnly) return u"Комментарий"_s;
-    return query.kind == ListQuery::Folders ? u"Путь"_s : u"Имя"_s;
+    static constexpr std::array<Field, 3> name{"Имя", "Имя", "Путь"}, path{"Путь", "Имя", "Путь"},
+        comment{"Комментарий", "Имя", "Путь"};
+    static constexpr std::array<Field, 2> title{"Название", "Название"};
+    if (query.kind == ListQuery::Tracks) return title;
+    if (query.commentOnly) return comment;
+    return query.kind == ListQuery::Folders ? path : name;
 }
 
-QStringList fieldsOf(const ListQuery& query)
+QString text(Field field) { return QString::fromUtf8(field.data(), qsizetype(field.size())); }
+
+Selection selectionOf(std::span<const Field> fields)
 {
-    return query.kind == ListQuery::Tracks ? QStringList{u"Название"_s} : QStringList{u"Имя"_s, u"Путь"_s};
+    QStringList names;
+    for (const Field field : fields) names += text(field);
+    return Selection(names);
 }
 
 /// The row of a folder itself is the one whose name is its path.
@@ -29,14 +42,13 @@ bool ofKind(ListQuery::Kind kind, std::string_view name, std::string_view path)
 
 } // namespace
 
-QString CriterionOf(const ListQuery& query)
+void RequireCriterion(const ListQuery& query)
 {
-    const QString criterion = soughtField(query) +
-                              (query.wholeWord ? u" = \"%1\""_s : u" LIKE \"*%1*\""_s).arg(query.text);
-    if (query.text.contains(u'"'))
-        throw RuntimeError(DaoErrorNumber::MalformedCriterion,
-                           u"Ошибка в условии поиска: «%1». Уберите кавычки из текста поиска."_s.arg(criterion));
-    return criterion;
+    if (!query.text.contains(u'"')) return;
+    const QString criterion =
+        (query.wholeWord ? u"%1 = \"%2\""_s : u"%1 LIKE \"*%2*\""_s).arg(text(fieldsOf(query).front()), query.text);
+    throw RuntimeError(DaoErrorNumber::MalformedCriterion,
+                       u"Ошибка в условии поиска: «%1». Уберите кавычки из текста поиска."_s.arg(criterion));
 }
 
 std::vector<ListedDisc> ListedDiscs(const Database& main, const CatalogueKind& kind)
@@ -65,13 +77,18 @@ std::vector<ListedDisc> ListedDiscs(const Database& main, const CatalogueKind& k
 /// One walk, between the threads that take part in it.
 struct ListSearch::Walk {
     Walk(const ListQuery& query, const std::vector<ListedDisc>& discs, int readers)
-        : kind(query.kind), selection(fieldsOf(query), CriterionOf(query)), lists(discs.size()), readersLeft(readers)
+        : kind(query.kind), wholeWord(query.wholeWord), sought(query.text.toStdString()), pattern('*' + sought + '*'),
+          fields(fieldsOf(query)), selection(selectionOf(fields)), lists(discs.size()), readersLeft(readers)
     {
         for (std::size_t i = 0; i < discs.size(); ++i) lists[i].name = discs[i].list;
     }
 
     const ListQuery::Kind kind;
-    const Selection selection;
+    const bool wholeWord;
+    const std::string sought;
+    const LikePattern pattern;
+    const std::span<const Field> fields;
+    const Selection selection; ///< of them
     std::atomic<bool> stopped = false;
     std::atomic<std::size_t> next = 0; ///< list that no reader has taken
 
@@ -94,18 +111,34 @@ struct ListSearch::Walk {
 private:
     void readLists(TableReader& reader, const std::function<void()>& wake);
     void readList(TableReader& reader, List& list) const;
+    bool matches(std::string_view text) const;
     /// Whether there are hits to be taken now, and are the first ones.
     bool finish(List& list);
 };
 
+/// By a program's own comparisons, as they stand in every statement.
+bool ListSearch::Walk::matches(std::string_view text) const
+{
+    if (!text.data()) return false; // Null
+    return wholeWord ? CompareText(text, sought) == 0 : pattern.matches(text);
+}
+
 void ListSearch::Walk::readList(TableReader& reader, List& list) const
 {
-    const bool tracks = kind == ListQuery::Tracks;
+    const auto take = [&](std::span<const std::string_view> texts) {
+        if (!matches(texts[0])) return;
+        const std::string_view path = texts.size() > 2 ? texts[2] : std::string_view();
+        if (ofKind(kind, texts[1], path)) list.hits.add(texts[1], path);
+    };
     try {
-        reader.read(list.name, selection, [&](const TableReader::Row& row) {
-            const std::string_view path = tracks ? std::string_view() : row.text(1);
-            if (const std::string_view name = row.text(0); ofKind(kind, name, path)) list.hits.add(name, path);
-        });
+        if (!reader.readTexts(list.name, fields, take)) {
+            list.hits = {};
+            std::array<std::string_view, 3> texts;
+            reader.read(list.name, selection, [&](const TableReader::Row& row) {
+                for (std::size_t i = 0; i < fields.size(); ++i) texts[i] = row.text(int(i));
+                take(std::span(texts).first(fields.size()));
+            });
+        }
     } catch (const RuntimeError& error) {
         list.error = error;
     }
@@ -156,22 +189,10 @@ ListSearch::ListSearch(const Database& lists, std::function<void()> wake) : m_wa
 
 ListSearch::~ListSearch() { stop(); }
 
-void ListSearch::warm()
-{
-    wait();
-    for (const auto& reader : m_readers)
-        m_threads.emplace_back([&reader = *reader] {
-            try {
-                reader.open();
-            } catch (const std::exception&) {
-                // The first walk will say so.
-            }
-        });
-}
-
 void ListSearch::start(const ListQuery& query, const std::vector<ListedDisc>& discs)
 {
     stop();
+    RequireCriterion(query);
     m_walk = std::make_unique<Walk>(query, discs, int(m_readers.size()));
     for (const auto& reader : m_readers)
         m_threads.emplace_back([walk = m_walk.get(), &reader = *reader, this] { walk->run(reader, m_wake); });

@@ -20,8 +20,9 @@ struct ListQuery {
     const CatalogueKind& catalogue() const { return kind == Tracks ? Audio() : Computer(); }
 };
 
-/// The criterion by which rows of a list are found. Error 3077 for a quotation mark in the text, which would end it.
-QString CriterionOf(const ListQuery& query);
+/// A query is the criterion `Имя LIKE "*text*"`, `Имя = "text"` or one on another field. Error 3077 for a quotation mark in
+/// the text, which would break it.
+void RequireCriterion(const ListQuery& query);
 
 /// The discs of a catalogue that have lists, in the order of its table, 1 to 6 of each row.
 std::vector<ListedDisc> ListedDiscs(const Database& main, const CatalogueKind& kind);
@@ -34,8 +35,7 @@ public:
     ListSearch(const Database& lists, std::function<void()> wake);
     ~ListSearch(); ///< stops it
 
-    /// Opens the readers' connections ahead of the first walk, which saves that a tenth of a second with 10,000 lists.
-    void warm();
+    /// Error 3077 as RequireCriterion.
     void start(const ListQuery& query, const std::vector<ListedDisc>& discs);
     /// Returns at once, or nearly; what was found can still be taken.
     void stop();

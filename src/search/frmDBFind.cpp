@@ -126,12 +126,10 @@ void frmDBFind::Form_Load()
     txtSearchText->setFocus();
 }
 
-/// The readers learn what lists there are while the text is being typed.
+/// The database of the lists is opened while the text is being typed: with ten thousand of them that takes a moment.
 void frmDBFind::Form_Activate()
 {
-    Guarded("frmDBFind, Form_Activate()"_L1, [&] {
-        if (!running()) search().warm();
-    });
+    Guarded("frmDBFind, Form_Activate()"_L1, [&] { search(); });
 }
 
 void frmDBFind::Form_Unload()

@@ -68,7 +68,8 @@ TEST_F(Searching, GoesOnBehindListsThatAreMissingOrHaveOtherFields)
 
 TEST_F(Searching, AQuotationMarkIsAnErrorOfTheCriterion)
 {
-    for (const bool whole : {false, true}) EXPECT_THROW(CriterionOf({ListQuery::Files, "3\"\"", whole}), RuntimeError);
+    for (const bool whole : {false, true})
+        EXPECT_THROW(RequireCriterion({ListQuery::Files, "3\"\"", whole}), RuntimeError);
 }
 
 TEST_F(Searching, ComesOutInTheOrderOfTheCatalogueWhateverThreadIsFirst)
