@@ -2,6 +2,7 @@
 
 #include "platform/CodePage1251.h"
 
+#include <QRegularExpression>
 #include <QUrl>
 
 static constexpr QStringView Section = u"Option";
@@ -40,7 +41,18 @@ QString EncodePath(const QString& path)
     return stored;
 }
 
-QString DecodePath(const QString& text) { return QUrl::fromPercentEncoding(text.toUtf8()); }
+QString DecodePath(const QString& text)
+{
+    // Other percent signs stand for themselves; QUrl would take them with the two characters behind them.
+    static const QRegularExpression encoded(u"(?:%[0-9A-Fa-f]{2})+"_s);
+    QString path;
+    qsizetype done = 0;
+    for (const QRegularExpressionMatch& bytes : encoded.globalMatch(text)) {
+        path += text.mid(done, bytes.capturedStart() - done) + QUrl::fromPercentEncoding(bytes.captured().toLatin1());
+        done = bytes.capturedEnd();
+    }
+    return path + text.mid(done);
+}
 
 QString LastFolder(const Profile& settings) { return DecodePath(settings.read(u"Folders", u"Last", 4096)); }
 void KeepLastFolder(const Profile& settings, const QString& path)

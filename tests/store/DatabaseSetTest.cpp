@@ -9,9 +9,9 @@ using DatabaseSet = ScreenTest;
 TEST_F(DatabaseSet, FolderSurvivesTheSettingsFileWhateverItsName)
 {
     EXPECT_EQ(LocalDatabaseFolder(program), folder.path());
-    const char16_t* folders[] = {u"/home/иван/диски", u"/home/日本語", u"/tmp/💿",     u"/tmp/50%", u"/tmp/50%25",
-                                 u"/tmp/blank ",      u" /tmp",        u"/a\"b\"",    u"/tmp/\"",  u"/a\nb=c",
-                                 u"/tmp/%D0",         u"/a;b",         u"/tmp/slash/"};
+    const char16_t* folders[] = {u"/home/иван/диски", u"/home/日本語", u"/tmp/💿",      u"/tmp/50%",    u"/tmp/50%25",
+                                 u"/tmp/blank ",      u" /tmp",        u"/a\"b\"",     u"/tmp/\"",     u"/a\nb=c",
+                                 u"/tmp/%D0",         u"/a;b",         u"/tmp/slash/", u"/100% хитов", u"/%日%%41%4💿"};
     for (const char16_t* name : folders) {
         const QString path = QString::fromUtf16(name);
         ASSERT_TRUE(WritePathLocalDB(program, path)) << qPrintable(path);
