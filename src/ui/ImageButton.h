@@ -10,8 +10,8 @@ class ImageButton : public QPushButton {
 public:
     explicit ImageButton(QWidget* parent = nullptr);
 
-    /// `icon` may be empty for a word alone, `text` for a picture alone and may hold a mnemonic "&". `hint` is the tooltip and, without text, the
-    /// accessible name. `shortcut` is named in the tooltip.
+    /// `icon` may be empty for a word alone, `text` for a picture alone and may hold a mnemonic "&". `hint` is the tooltip
+    /// and, without text, the accessible name. `shortcut` is named in the tooltip.
     void setup(const QString& icon, const QString& text, const QString& hint, const QKeySequence& shortcut = {});
     /// What the tooltip says besides while the button is grey: why, where that is not plain to see.
     void setWhyDisabled(const QString& why);

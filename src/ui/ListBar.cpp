@@ -70,14 +70,28 @@ QSize ListBar::minimumSizeHint() const { return QSize(sizeHint().width(), fontMe
 void ListBar::addGroup(const QString& key, const QString& caption)
 {
     if (hasGroup(key)) return;
+    QWidget* before = lastRow();
     m_groups.push_back(std::make_unique<Group>(Group{key, new ListBarCaption(caption), new QWidget, {}}));
     Group& group = *m_groups.back();
     closeColumn(group.body)->setContentsMargins(0, 0, 0, fontMetrics().height() / 2);
     m_column->insertWidget(m_column->count() - 1, group.caption);
     m_column->insertWidget(m_column->count() - 1, group.body);
+    setTabOrder(before, group.caption);
     group.caption->installEventFilter(this);
     connect(group.caption, &QAbstractButton::toggled, group.body, &QWidget::setVisible);
     updateGeometry();
+}
+
+/// The last row that stands; without one, what comes before the bar.
+QWidget* ListBar::lastRow()
+{
+    if (!m_groups.empty()) {
+        const Group& group = *m_groups.back();
+        return group.items.isEmpty() ? static_cast<QWidget*>(group.caption) : group.items.last();
+    }
+    QWidget* before = previousInFocusChain();
+    while (before != this && before->focusPolicy() == Qt::NoFocus) before = before->previousInFocusChain();
+    return before;
 }
 
 void ListBar::removeGroup(const QString& key)
@@ -98,8 +112,10 @@ void ListBar::addItem(const QString& groupKey, const QString& key, const QString
     Group* group = find(groupKey);
     if (!group) return;
     auto* item = new ListBarItem(key, text, icon);
+    QWidget* before = group->items.isEmpty() ? static_cast<QWidget*>(group->caption) : group->items.last();
     group->items.append(item);
     group->body->layout()->addWidget(item);
+    setTabOrder(before, item);
     item->installEventFilter(this);
     connect(item, &QAbstractButton::clicked, this, [this, groupKey, text] { emit itemClicked(groupKey, text); });
     mendTabStop(*group);

@@ -9,8 +9,9 @@ class QVBoxLayout;
 
 /// The bar at the left of the main window: groups of items under captions that fold. Up and Down walk through the items of
 /// all groups, Home and End go to the first and last, Enter and Space choose one; Left folds the group, and Right on a
-/// caption unfolds it. Each group is one stop of the Tab key, an item that can be chosen, and so is each caption. An item's objectName is its text. As
-/// wide as its texts need.
+/// caption unfolds it. Each group is one stop of the Tab key, an item that can be chosen, and so is each caption; they
+/// follow each other, and what comes before the bar, whenever they are added. An item's objectName is its text. As wide as
+/// its texts need.
 class ListBar : public QScrollArea {
     Q_OBJECT
 public:
@@ -55,6 +56,7 @@ private:
     void fold(Group& group, bool folded);
     void giveTabStop(Group& group, QWidget* item);
     void mendTabStop(Group& group);
+    QWidget* lastRow();
 
     std::vector<std::unique_ptr<Group>> m_groups;
     QVBoxLayout* m_column;

@@ -123,8 +123,6 @@ TEST_F(MainWindow, LeavesOnlyAfterAQuestionAndKeepsItsLooks)
     walk([&]() -> Script {
         co_await trigger("ID_Panel");
         EXPECT_FALSE(visible("SSListBar"));
-        co_await trigger("ID_View_Toolbars_Due");
-        EXPECT_FALSE(visible("Должники"));
         control<ListBar>("SSListBar").setFoldedGroups({u"g2"_s, u"g4"_s});
         expectBox("Вы действительно хотите выйти из программы?", 36, Answer::No);
         co_await trigger("ID_Quit");
@@ -141,9 +139,6 @@ TEST_F(MainWindow, LeavesOnlyAfterAQuestionAndKeepsItsLooks)
     setOption(u"AutoCompactDatabase"_s, u"1"_s);
     walk([&]() -> Script {
         EXPECT_FALSE(visible("SSListBar"));
-        EXPECT_FALSE(visible("Должники"));
-        EXPECT_FALSE(ticked(u"ID_View_Toolbars_Due"_s));
-        EXPECT_TRUE(ticked(u"ID_View_Toolbars_DB"_s));
         EXPECT_EQ(control<ListBar>("SSListBar").foldedGroups(), QStringList({u"g2"_s, u"g4"_s}));
         expectEnd();
         co_await closeForm();
@@ -171,6 +166,20 @@ TEST_F(MainWindow, CatalogueOpensFromItsLogoAndFromTheListBar)
         expectForm("frmCataloguePCCD");
         co_await click("Компьютерные диски");
         co_await key(Qt::Key_Escape);
+    });
+}
+
+TEST_F(MainWindow, TabGoesFromTheToolbarsThroughTheListBarToTheDashboard)
+{
+    walk([&]() -> Script {
+        QStringList stops;
+        co_await focusOn("ID_DB_DefaultCDDVDROM");
+        while (stops.size() < 20 && focus() != u"imgShowHideoListbar"_s) {
+            co_await key(Qt::Key_Tab);
+            stops += focus();
+        }
+        EXPECT_EQ(stops.first(2).join(u' '), u"Каталоги Аудио диски"_s);
+        EXPECT_EQ(stops.last(2).join(u' '), u"Запрос imgShowHideoListbar"_s);
     });
 }
 
