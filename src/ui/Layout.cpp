@@ -75,6 +75,7 @@ QLabel* label(const QString& text, QWidget* buddy)
 {
     QLabel* label = ::label(text);
     label->setBuddy(buddy);
+    if (qobject_cast<QLabel*>(buddy)) return label; // what it says is what is to be read of it
     QString name = text;
     name.remove(u'&');
     while (name.endsWith(u':') || name.endsWith(u' ')) name.chop(1);

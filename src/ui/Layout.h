@@ -69,7 +69,8 @@ template<class... Items> QBoxLayout* column(Items... items)
 QGridLayout* grid(std::initializer_list<std::initializer_list<LayoutItem>> rows);
 /// A titled frame around a layout.
 QWidget* group(const QString& title, QLayout* contents);
-/// A caption for `buddy`; its "&" gives the shortcut that focuses the buddy, and its text the buddy's accessible name.
+/// A caption for `buddy`; its "&" gives the shortcut that focuses the buddy, and its text the buddy's accessible name
+/// unless that is a label itself.
 QLabel* label(const QString& text, QWidget* buddy);
 QLabel* label(const QString& text);
 /// The text with places to break in its words of more than `longest` characters, names of files mostly, so that a label
