@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "store/DatabaseSet.h"
 #include "store/Reanimator.h"
+#include "store/Summary.h"
 
 #include <QFileInfo>
 
@@ -53,7 +54,8 @@ bool prepare(Program& program, const QString& folder)
             return false;
         if (Reanimator(program, 0)) return false;
     }
-    program.engine.OpenDatabase(program.shared.MainDBPath);
+    // What the dashboard cannot show would end this start of the program and every other.
+    Summarise(program.engine.OpenDatabase(program.shared.MainDBPath));
     // Lists that were left behind would be missed at their first use.
     return !CreateMissingDatabases(program);
 }
@@ -85,6 +87,5 @@ std::optional<QString> ChangeDatabaseFolder(Program& program)
                    u"доступ к папке!"_s.arg(folder));
         }
     });
-    if (changed) program.dialogs.MsgBox(u"Путь к локальной базе данных успешно изменен!"_s, Box::Information);
     return changed;
 }

@@ -203,5 +203,8 @@ void frmOption::cmdOK()
 
 void frmOption::changeFolder()
 {
-    if (const std::optional<QString> folder = ChangeDatabaseFolder(program)) txtPathLocalDB->setText(*folder);
+    const std::optional<QString> folder = ChangeDatabaseFolder(program);
+    if (!folder) return;
+    txtPathLocalDB->setText(*folder);
+    MsgBox(u"Путь к локальной базе данных успешно изменен!"_s, Box::Information);
 }

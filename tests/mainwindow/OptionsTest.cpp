@@ -154,6 +154,20 @@ TEST_F(Options, AFolderWithADatabaseIsTakenAtOnceAndStaysAfterCancel)
     EXPECT_EQ(choose(QString()), u"new"_s) << "the chooser was cancelled";
 }
 
+TEST_F(Options, ADatabaseWithoutCataloguesIsAFaultThatKeepsTheOldFolder)
+{
+    const QString other = makeFolder(u"other"_s);
+    engine.ReleaseAll();
+    QFile::copy(path(u"vinora_files.db"_s), other + u"/vinora.db"_s);
+    run<frmOption>([&]() -> Script {
+        expectPickFolder(ChooseFolder, other);
+        expectFault("vinoraModule, Reanimator()");
+        co_await select("tabOption", "База данных");
+        co_await click("cmdPathLocalDB");
+    });
+    EXPECT_EQ(option(u"PathLocalDB"_s), QString()) << "else no start would show a window again";
+}
+
 TEST_F(Options, AFolderThatCannotServeIsRefusedAndTheOldOneStays)
 {
     EXPECT_EQ(choose(path(u"nowhere"_s), {{u"Путь не существует! Выберите другое место расположение базы данных!"_s}}),
