@@ -1,5 +1,7 @@
 #include "mainwindow/HelpCommands.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 
 namespace {
@@ -9,8 +11,17 @@ void tell(Program& program, const QString& what)
     program.dialogs.MsgBox(u"%1\r%2"_s.arg(what, program.desktop.complaint()).trimmed());
 }
 
-void show(Program& program, const QString& path, const QString& missing)
+/// In the application folder, which is the user's own where the program's cannot be written: what was installed stands
+/// beside the program then.
+QString found(const QString& path)
 {
+    return QFileInfo(path).isFile() ? path
+                                    : QDir(QCoreApplication::applicationDirPath()).filePath(QFileInfo(path).fileName());
+}
+
+void show(Program& program, const QString& wanted, const QString& missing)
+{
+    const QString path = found(wanted);
     if (!QFileInfo(path).isFile())
         program.dialogs.MsgBox(missing);
     else if (!program.desktop.openFile(path))
