@@ -1,5 +1,6 @@
 #include "frame/Fault.h"
 
+#include "frame/Version.h"
 #include "platform/CodePage1251.h"
 #include "ui/Timer.h"
 
@@ -12,8 +13,6 @@
 #include <new>
 
 namespace {
-
-const QString SupportAddress = u"support@vinora.example"_s;
 
 QString codeOf(const RuntimeError& error) { return u" (Код: %1)"_s.arg(error.number()); }
 

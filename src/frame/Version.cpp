@@ -1,7 +1,5 @@
 #include "frame/Version.h"
 
-#include "platform/Literals.h"
-
 QString ProgramTitle(const QString& version) { return u"vinora "_s + version.section(u'.', 0, 1); }
 
 QString VersionLine(const QString& version)

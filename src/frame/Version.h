@@ -1,6 +1,11 @@
 #pragma once
 
+#include "platform/Literals.h"
+
 #include <QString>
+
+/// Where the makers read their post.
+inline const QString SupportAddress = u"support@vinora.example"_s;
 
 // `version` is "1.0.0": major, minor, revision.
 

@@ -14,9 +14,9 @@ frmHelp::frmHelp(Program& program) : Screen(program, u"frmHelp"_s, u"О прог
     lblVersion->setTextFormat(Qt::PlainText);
     lblVersion->setText(VersionLine(program.version));
     lettered(lblVersion, Lettering::Title);
-    setUpLink(lblEMail, u"Написать авторам"_s, u"mailto:vinora@example.org"_s);
-    setUpLink(lblURL, u"Страница программы"_s, u"https://vinora.example.org/"_s);
-    setUpLink(lblURLForum, u"Форум"_s, u"https://vinora.example.org/forum/"_s);
+    setUpLink(lblEMail, u"Написать авторам"_s, u"mailto:"_s + SupportAddress);
+    setUpLink(lblURL, u"Страница программы"_s, u"https://vinora.example/"_s);
+    setUpLink(lblURLForum, u"Форум"_s, u"https://vinora.example/forum/"_s);
     cmdClose->setup(u"close"_s, u"&Закрыть"_s, {});
     cmdClose->setDefault(true);
     connect(cmdClose, &QPushButton::clicked, this, &Form::reject);

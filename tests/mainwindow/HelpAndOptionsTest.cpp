@@ -48,11 +48,11 @@ TEST_F(MainWindow, HelpOpensOnTheDesktopOrSaysWhyNot)
         co_await picture("about");
         co_await click("lblURL");
         desktop.obeys = false;
-        expectBox("Не удалось открыть адрес 'mailto:vinora@example.org'.\rРабочий стол занят.", 48);
+        expectBox("Не удалось открыть адрес 'mailto:support@vinora.example'.\rРабочий стол занят.", 48);
         co_await click("lblEMail");
         co_await click("cmdClose");
     });
     EXPECT_EQ(desktop.opened, QStringList({u"file "_s + path("readme.txt"), u"file "_s + path("vinora.chm"),
-                                           u"file "_s + path("readme.txt"), u"link https://vinora.example.org/"_s,
-                                           u"link mailto:vinora@example.org"_s}));
+                                           u"file "_s + path("readme.txt"), u"link https://vinora.example/"_s,
+                                           u"link mailto:support@vinora.example"_s}));
 }
