@@ -9,8 +9,8 @@ std::optional<BoundDisc> FindBoundDisc(const Database& main, const CatalogueKind
         conditions += CatalogueKind::bindingField(slot) + u" = ?"_s;
         parameters += id;
     }
-    Recordset row = main.OpenRecordset(u"SELECT * FROM %1 WHERE %2"_s.arg(kind.table, conditions.join(u" OR "_s)),
-                                       parameters);
+    Recordset row = main.OpenRecordset(
+        u"SELECT * FROM %1 WHERE %2 ORDER BY %3"_s.arg(kind.table, conditions.join(u" OR "_s), kind.key), parameters);
     if (row.RecordCount() == 0) return {};
     BoundDisc found{.key = row.value(kind.key).toLong(),
                     .number = row[u"Номер"].toInt(),

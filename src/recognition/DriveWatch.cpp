@@ -42,9 +42,11 @@ bool DriveWatch::look(const QString& drive, bool mayAsk)
     if (disc.kind == UndecidedKind) {
         m_last.clear();
         resetSigns();
-        // What cannot be remembered would be asked about every second.
-        if (disc.id.isEmpty() || !mayAsk) return false;
-        disc.kind = AskCategory(m_program, disc.id);
+        // What cannot be remembered would be asked about every second: it counts as no disc.
+        if (!disc.id.isEmpty()) {
+            if (!mayAsk) return false;
+            disc.kind = AskCategory(m_program, disc.id);
+        }
     }
     const CatalogueKind* kind = CatalogueByKindWord(disc.kind);
     if (!kind) {

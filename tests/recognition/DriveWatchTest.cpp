@@ -100,6 +100,8 @@ TEST_F(Watch, CountsAnIgnoredDiscAsNoneAndLeavesOneWithoutIdentifierAlone)
     tick();
     d.medium = FakeDisc::data("NAMELESS", 0);
     EXPECT_EQ(tick(), "disc; PC hidden unknown " + Unbound) << "the sign stays as it was";
+    d.medium = FakeDisc::data("ODD", 0, 64);
+    EXPECT_EQ(tick(), "no disc") << "nothing would remember what the user says of it";
     program.skipcd().write(u"CD", u"12", "n/a");
     d.medium = FakeDisc::data("DEBIAN", 0x12);
     EXPECT_EQ(tick(), "no disc");
