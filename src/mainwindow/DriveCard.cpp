@@ -31,7 +31,11 @@ QString medium(const DriveSight& sight)
 /// Why a disc that is there goes unnoticed.
 QString hint(const DriveSight& sight)
 {
-    if (sight.root.isEmpty() || sight.chosen.compare(sight.root, Qt::CaseInsensitive) == 0) return {};
+    if (sight.root.isEmpty()) return {};
+    if (sight.chosen.compare(sight.root, Qt::CaseInsensitive) == 0)
+        return sight.undecided && sight.volume.success
+                   ? u"Чтобы диски узнавались, включите в параметрах «Проверять наличие диска в каталоге»."_s
+                   : QString();
     if (!sight.chosen.isEmpty()) return u"Устройства %1, выбранного раньше, нет: выберите другое."_s.arg(sight.chosen);
     return sight.volume.success ? u"Чтобы диски узнавались, выберите устройство в списке на панели инструментов."_s
                                 : QString();

@@ -18,7 +18,8 @@ struct DriveSight {
     QString description; ///< of the drive
     QString image;       ///< path of the image in a virtual drive
     VolumeProperties volume;
-    QString kind; ///< caption of the medium's kind, empty when it is unknown
+    QString kind;           ///< caption of the medium's kind, empty when it is unknown
+    bool undecided = false; ///< nobody has ever said whether drives are watched, and they are not
 
     bool operator==(const DriveSight&) const = default;
 };

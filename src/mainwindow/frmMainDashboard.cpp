@@ -152,6 +152,7 @@ void frmMain::showDrive(const DriveGlance& seen, const QString& chosen)
         if (seen.drive->isVirtual()) sight.image = image;
     }
     if (const CatalogueKind* kind = CatalogueByKindWord(seen.disc.kind)) sight.kind = kind->mediumCaption;
+    sight.undecided = !tmrCheckCD->enabled() && !program.settings().has(u"Option", u"CheckCD");
     m_dashboard->drive().show(sight);
     m_commands.action(u"ID_Drive_Eject")->setEnabled(!image.isEmpty());
 }

@@ -162,6 +162,11 @@ TEST_F(MainWindow, TheCardShowsTheDriveOfTheSelectorAndSaysWhenItIsNotTheWatched
         EXPECT_FALSE(visible("lblDriveHint"));
         co_return;
     });
+    program.settings().removeKey(u"Option", u"CheckCD");
+    walk([&]() -> Script {
+        EXPECT_TRUE(shown("lblDriveHint").contains(u"включите в параметрах"_s)) << "what is chosen is not watched yet";
+        co_return;
+    });
     setOption(u"Drive"_s, u"Z:\\"_s);
     walk([&]() -> Script {
         EXPECT_EQ(shown("lblDriveHint"), u"Устройства Z:\\, выбранного раньше, нет: выберите другое."_s);
