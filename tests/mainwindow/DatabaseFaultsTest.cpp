@@ -110,22 +110,6 @@ TEST_F(DatabaseFaults, ADatabaseThatIsReplacedMeanwhileIsTakenAndOneThatIsGoneIs
     EXPECT_TRUE(log().endsWith("(Код: 3024) frmMain, LoadData()\r\n")) << log().toStdString();
 }
 
-TEST_F(DatabaseFaults, ATextInPlaceOfADatabaseIsAFault)
-{
-    start([&]() -> Script {
-        expectForm("frmAddCD");
-        co_await trigger("ID_Catalog_AddPCCD");
-        QFile::remove(path("vinora.db"));
-        QFile text(path("vinora.db"));
-        EXPECT_TRUE(text.open(QFile::WriteOnly));
-        text.write("no database");
-        text.close();
-        expectFault("frmMain, LoadData()");
-        co_await key(Qt::Key_Escape);
-    });
-    EXPECT_TRUE(log().endsWith("(Код: 3343) frmMain, LoadData()\r\n")) << log().toStdString();
-}
-
 TEST_F(DatabaseFaults, WhatWasDoneInAnOpenCatalogueOutlivesALaterFailure)
 {
     shelf.computer(1, "Debian");

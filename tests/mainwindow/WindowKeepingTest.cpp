@@ -92,25 +92,6 @@ TEST_F(WindowKeeping, ALayoutFileThatIsCutOrDamagedAnywhereCountsAsMissing)
     }
 }
 
-TEST_F(WindowKeeping, ALayoutFileThatAnnouncesTooMuchOrAnUnknownPlaceCountsAsMissing)
-{
-    const QString path = folder.filePath(u"vinora.atb"_s);
-    ToolbarLayout layout{.toolbars = QList<ToolbarPlace>(1)};
-    layout.toolbars[0].tools = QStringList(64, u"x"_s);
-    ASSERT_TRUE(SaveToolbarLayout(path, layout));
-    EXPECT_TRUE(LoadToolbarLayout(path));
-    for (const auto& spoil :
-         {+[](ToolbarLayout& l) { l.toolbars[0].tools += u"x"_s; }, +[](ToolbarLayout& l) { l.toolbars.resize(65); },
-          +[](ToolbarLayout& l) { l.foldedGroups.resize(65); },
-          +[](ToolbarLayout& l) { l.foldedGroups += QString(1 << 16, u'x'); },
-          +[](ToolbarLayout& l) { l.toolbars[0].area = Qt::NoToolBarArea; }}) {
-        ToolbarLayout spoiled = layout;
-        spoil(spoiled);
-        ASSERT_TRUE(SaveToolbarLayout(path, spoiled));
-        EXPECT_FALSE(LoadToolbarLayout(path));
-    }
-}
-
 TEST_F(WindowKeeping, ShortcutsAreReadInTheirOrderAndADamagedCountIsBounded)
 {
     EXPECT_EQ(QueryShortcutNames(settings), QStringList());
