@@ -137,7 +137,11 @@ void frmTrackList::change(QLineEdit* box, const QString& field)
     row.Edit();
     row[field] = text.isEmpty() ? Value() : Value(text);
     row.Update();
+    // What is being typed in the other box stays there.
+    QLineEdit* other = box == txtComment ? txtTrackName : txtComment;
+    const QString typed = other->text();
     dcDatabase->RefreshInPlace();
+    other->setText(typed);
 }
 
 void frmTrackList::cmdMakeChange_Click()

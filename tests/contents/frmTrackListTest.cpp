@@ -74,12 +74,13 @@ TEST_F(TrackList, EnterWalksThroughTheNamesAndWraps)
         co_await click("cmdMakeChange");
         EXPECT_EQ(current("DBGrid"), "2 | 'Два' (2) | ");
 
+        co_await type("txtTrackName", "недописано");
         for (const auto& [typed, kept] : {std::pair{"\"лучшая\"", "'лучшая'"}, {"", ""}}) {
             expectBox("Комментарий к треку ''Два' (2)' успешно изменен.", 64);
             co_await type("txtComment", typed);
             co_await key(Qt::Key_Return);
             EXPECT_EQ(current("DBGrid"), QString("2 | 'Два' (2) | ") + kept);
-            EXPECT_EQ(shown("txtComment"), kept);
+            EXPECT_EQ(shown("txtTrackName") + shown("txtComment"), QString("недописано") + kept);
         }
     });
     EXPECT_EQ(tracks(), "Раз | Null\n'Два' (2) | Null\nNull | Null\n");
