@@ -184,7 +184,7 @@ void frmAddCD::cmdOK()
         hide(); // the editor comes up in this window's place, and this one does not come back
         editor->ShowModal(this);
         m_added = editor->saved();
-        program.shared.CatalogueQueryFilter.clear();
+        if (kind.addingEndsFilter) program.shared.CatalogueQueryFilter.clear();
     });
 }
 

@@ -84,6 +84,7 @@ const CatalogueKind& Audio()
                         u"Записей6"_s, u"Время1"_s, u"Время2"_s, u"Время3"_s, u"Время4"_s, u"Время5"_s, u"Время6"_s},
         .noIdentifierMessage = u"Идентификатор диска не обнаружен!"_s,
         .searchEnd = 10000,
+        .addingEndsFilter = false,
     };
     return kind;
 }

@@ -92,6 +92,8 @@ struct CatalogueKind {
     bool titleFromLabel = false; ///< the label of the medium is offered as the title of a new disc
     QString noIdentifierMessage;
     int searchEnd = 0; ///< a search for a free number gives up when a refusal brings it here; 0: never
+    /// A disc that is entered by hand ends CatalogueQueryFilter, so that the list on view is a query no longer.
+    bool addingEndsFilter = true;
 
     QString queryTitle() const { return title + u" - Результат запроса"_s; }
     /// SELECT of table and dictionary, ending in a blank; a filter and an ORDER BY follow.

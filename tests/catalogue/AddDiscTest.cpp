@@ -33,9 +33,7 @@ TEST_F(AddDisc, OffersTheFirstFreeNumberAndBindsANewDiscOfTheRightKind)
 {
     shelf.computer(1, "Есть");
     insert(FakeDisc::data("NEW", 0x1A2B));
-    program.shared.CatalogueQueryFilter = "AND Год = \"1\"";
     add([&]() -> Script {
-        EXPECT_EQ(shown("lblCDsCount0"), "Добавление Компьютерного диска");
         EXPECT_EQ(control<QLineEdit>("txtNumber").selectedText(), "2");
         EXPECT_EQ(items("cmbDrive"), "D:\\\nV:\\\n");
         EXPECT_EQ(shown("lblInserCD"), "Компьютерный диск");
@@ -48,7 +46,37 @@ TEST_F(AddDisc, OffersTheFirstFreeNumberAndBindsANewDiscOfTheRightKind)
     EXPECT_EQ(discs(), "1 | Есть | Null\n2 | Новый | 1A2B\n");
     EXPECT_TRUE(program.shared.DialogDone);
     EXPECT_EQ(program.shared.LastSavedNumber, 2);
-    EXPECT_EQ(program.shared.CatalogueQueryFilter, "");
+}
+
+class AddDiscAnywhere : public AddDisc, public testing::WithParamInterface<const CatalogueKind*> {};
+INSTANTIATE_TEST_SUITE_P(, AddDiscAnywhere, testing::ValuesIn(AllCatalogues()), CodeOfCatalogue);
+
+TEST_P(AddDiscAnywhere, BindsItsOwnKindOfDiscAndHandsOverToItsEditor)
+{
+    const CatalogueKind& kind = *GetParam();
+    const bool audio = &kind == &Audio();
+    const auto medium = [&](quint32 serial) {
+        if (audio) return FakeDisc::data("Audio CD", serial, 221);
+        return &kind == &Dvd() ? FakeDisc::dvd("FILM", serial) : FakeDisc::data("DATA", serial);
+    };
+    const QString filter = "AND Год = \"1\"";
+    program.shared.CatalogueQueryFilter = filter;
+    FakeDrive& drive = insert(medium(0));
+    const auto script = [&]() -> Script {
+        EXPECT_EQ(shown("lblCDsCount0"), kind.addCaption);
+        EXPECT_EQ(shown("lblInserCD"), kind.mediumCaption);
+        EXPECT_EQ(visible("cmbServer"), audio);
+        expectBox(audio ? "Идентификатор диска не обнаружен!" : "Идентификатор не обнаружен!", 48);
+        co_await click("imgButton_0");
+        drive.medium = medium(0x1A2B);
+        expectForm(kind.editor);
+        co_await click("imgButton_0");
+        co_await type("txtName", "Новый");
+        co_await click("imgButton_0");
+    };
+    run<frmAddCD>(script, kind);
+    EXPECT_EQ(rows("SELECT Номер, Название, ДискID1_d FROM " + kind.table), "1 | Новый | 1A2B\n");
+    EXPECT_EQ(program.shared.CatalogueQueryFilter, audio ? filter : "") << "a query of audio discs stays one";
 }
 
 TEST_F(AddDisc, TheLabelOfTheDiscIsOfferedAsItsTitle)
