@@ -56,3 +56,11 @@ bool CatalogueScreen::loadDrives(QComboBox* drives) const
     drives->setEnabled(false);
     return false;
 }
+
+void CatalogueScreen::fillSet(QComboBox* list, int discs)
+{
+    constexpr int LargestSet = 6; // a row has as many bindings
+    list->clear();
+    for (int disc = 1; disc <= qBound(1, discs, LargestSet); ++disc) list->addItem(QString::number(disc));
+    list->setEnabled(list->count() > 1);
+}

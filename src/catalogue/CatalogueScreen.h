@@ -24,6 +24,8 @@ protected:
     /// Fills a list with the drives, the default one or else the first chosen. False without drives: it shows "---" then and
     /// is disabled.
     bool loadDrives(QComboBox* drives) const;
+    /// Fills a list with the discs of a set, "1" to "6", the first one chosen; it is disabled for a single disc.
+    static void fillSet(QComboBox* list, int discs);
 
     /// What was typed in a box of free text, which then holds it cleaned: see CleanText.
     static QString cleanTyped(QLineEdit* box);

@@ -37,9 +37,7 @@ void frmAddInCatalogueAudio::Form_Load()
 
 void frmAddInCatalogueAudio::discsChanged()
 {
-    cmbCountCD->clear();
-    for (int disc = 1; disc <= discs(); ++disc) cmbCountCD->addItem(QString::number(disc));
-    cmbCountCD->setEnabled(discs() > 1);
+    fillSet(cmbCountCD, discs());
     showDisc();
 }
 

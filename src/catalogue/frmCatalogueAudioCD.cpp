@@ -22,10 +22,7 @@ frmCatalogueAudioCD::frmCatalogueAudioCD(Program& program) : frmCatalogue(progra
 
 void frmCatalogueAudioCD::rowShown()
 {
-    cmbCountCD->clear();
-    const int discs = qBound(1, dcDatabase->value(u"Дисков").toInt(), 6);
-    for (int disc = 1; disc <= discs; ++disc) cmbCountCD->addItem(QString::number(disc));
-    cmbCountCD->setEnabled(discs > 1);
+    fillSet(cmbCountCD, dcDatabase->value(u"Дисков").toInt());
     cmbCountCD_Click();
 }
 

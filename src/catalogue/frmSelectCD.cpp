@@ -5,9 +5,6 @@
 
 #include <QKeyEvent>
 
-/// A set has as many bindings.
-static constexpr int LargestSet = 6;
-
 frmSelectCD::frmSelectCD(Program& program) : frmSelectCD(program, PickerModeOf(program.shared.CatalogueQueryFilter)) {}
 
 frmSelectCD::frmSelectCD(Program& program, const PickerMode& mode)
@@ -129,15 +126,8 @@ void frmSelectCD::dcDatabase_Reposition()
         lblCDsCount1->setText(QString::number(dcDatabase->recordCount()));
         imgButton[0]->setEnabled(any);
         setEnabledByTag(MyGroup, any);
-        fillSet(dcDatabase->value(u"Дисков").toInt());
+        fillSet(cmbCountCD, dcDatabase->value(u"Дисков").toInt());
     });
-}
-
-void frmSelectCD::fillSet(int discs)
-{
-    cmbCountCD->clear();
-    for (int disc = 1; disc <= qBound(1, discs, LargestSet); ++disc) cmbCountCD->addItem(QString::number(disc));
-    cmbCountCD->setEnabled(cmbCountCD->count() > 1);
 }
 
 void frmSelectCD::cmdOK()

@@ -41,7 +41,6 @@ private:
     void dcDatabase_Reposition();
     void cmdOK();
     void show(const QString& text);
-    void fillSet(int discs);
 
     DataControl* const dcDatabase;
     const PickerMode m_mode;
