@@ -21,8 +21,8 @@ protected:
     QWidget* sign() const;
     /// The top of a dialog: the sign and, as its heading, the caption that says what is done.
     QBoxLayout* head(QLabel* caption) const;
-    /// Fills a list with the drives, the default one or else the first chosen. False without drives: it shows "---" then and
-    /// is disabled.
+    /// Fills a list with the drives, the default one or else the first chosen. False without drives: it shows "---" then
+    /// and is disabled.
     bool loadDrives(QComboBox* drives) const;
     /// Fills a list with the discs of a set, "1" to "6", the first one chosen; it is disabled for a single disc.
     static void fillSet(QComboBox* list, int discs);
