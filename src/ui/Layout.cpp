@@ -79,7 +79,8 @@ QLabel* label(const QString& text, QWidget* buddy)
     QString name = text;
     name.remove(u'&');
     while (name.endsWith(u':') || name.endsWith(u' ')) name.chop(1);
-    buddy->setAccessibleName(name);
+    // The box of a counter gives the keyboard on to the counter.
+    for (QWidget* control = buddy; control; control = control->focusProxy()) control->setAccessibleName(name);
     return label;
 }
 

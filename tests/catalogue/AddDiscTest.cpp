@@ -39,7 +39,7 @@ TEST_F(AddDisc, OffersTheFirstFreeNumberAndBindsANewDiscOfTheRightKind)
         EXPECT_EQ(shown("lblInserCD"), "Компьютерный диск");
         EXPECT_TRUE(checked("chAutoDetect"));
         EXPECT_FALSE(visible("chQuery_0"));
-        EXPECT_EQ(sharedMnemonics(), "");
+        EXPECT_EQ(sharedMnemonics() + unnamedStops(), "");
         co_await picture("frmAddCD");
         co_await ok("Новый");
     });

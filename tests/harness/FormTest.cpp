@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QTabBar>
 
 using Kind = ScriptedDialogs::Kind;
 
@@ -221,6 +222,20 @@ QString FormTest::sharedMnemonics()
         (once.contains(letter) ? shared : once) += letter;
     }
     return shared;
+}
+
+QString FormTest::unnamedStops()
+{
+    QStringList unnamed;
+    for (const auto* control : runner.window().findChildren<QWidget*>()) {
+        const bool inAPopup = control->window() != &runner.window();
+        if (inAPopup || control->isHidden() || control->focusProxy() || !(control->focusPolicy() & Qt::TabFocus))
+            continue;
+        const auto* button = qobject_cast<const QAbstractButton*>(control);
+        const bool speaks = (button && !button->text().isEmpty()) || qobject_cast<const QTabBar*>(control);
+        if (!speaks && control->accessibleName().isEmpty()) unnamed += control->objectName();
+    }
+    return unnamed.join(u' ');
 }
 
 QString FormTest::focus()

@@ -80,6 +80,9 @@ protected:
     QString focus();
     /// Letters that more than one caption or button of the window answers to with Alt; on tabs out of sight, too.
     QString sharedMnemonics();
+    /// Names of the controls that Tab can reach and that have neither an accessible name nor a text of their own; on tabs
+    /// out of sight, too.
+    QString unnamedStops();
     QString title() { return runner.window().windowTitle(); }
     QString windowName() { return runner.window().objectName(); }
     template<class Widget> Widget& control(const QString& name)
