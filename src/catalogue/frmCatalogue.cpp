@@ -106,6 +106,7 @@ void frmCatalogue::Form_Load()
         FullDictionary();
         loadSortOrder();
         if (!external() && program.shared.CatalogueQueryMode) markAsQuery();
+        if (external()) explainViewing();
     });
     cmbSorted_Click();
     if (m_openOn > 0) findKey(m_openOn);
@@ -152,7 +153,10 @@ void frmCatalogue::cmbSorted_Click()
     Routine("cmbSored_Click"_L1, [&] {
         const QString select = RecordSource(kind, program.shared.CatalogueQueryFilter, cmbSorted->currentText(),
                                             chSortedDESC->isChecked());
-        if (!select.isEmpty()) dcDatabase->setRecordSource(select);
+        if (!select.isEmpty()) {
+            dcDatabase->setRecordSource(select);
+            m_listIsFiltered = !program.shared.CatalogueQueryFilter.isEmpty();
+        }
         dcDatabase->Refresh();
     });
 }
@@ -192,6 +196,7 @@ void frmCatalogue::ShowWholeCatalogue()
 {
     program.shared.CatalogueQueryFilter.clear();
     txtName->clear();
+    txtName->setModified(txtName->hasFocus()); // who emptied it goes on typing there, and not in front of a title
     setWindowTitle(kind.title);
     // A button that greys under the focus hands it to its neighbour, which opens the files.
     if (imgButton[5]->hasFocus()) dbGrid->setFocus();
@@ -200,6 +205,12 @@ void frmCatalogue::ShowWholeCatalogue()
 }
 
 void frmCatalogue::allow(int button, bool allowed) { imgButton[std::size_t(button)]->setEnabled(allowed); }
+
+void frmCatalogue::explainViewing()
+{
+    for (const std::size_t button : {1, 2, 3, 4, 6})
+        if (imgButton[button]) imgButton[button]->setWhyDisabled(u"Внешнюю базу данных можно только просматривать"_s);
+}
 
 /// Why a disc can be neither deleted nor changed.
 void frmCatalogue::explainLock(const QString& why)
@@ -230,7 +241,6 @@ void frmCatalogue::dcDatabase_Reposition()
         rowShown();
         if (external()) {
             for (const int button : {2, 3, 4}) allow(button, false);
-            explainLock(u"Внешнюю базу данных можно только просматривать"_s);
             m_due->setOn(false);
         } else {
             CheckDue();
@@ -242,14 +252,13 @@ void frmCatalogue::showNoRow()
 {
     for (const int button : {2, 3, 4, 6})
         if (imgButton[std::size_t(button)]) allow(button, false);
-    explainLock({});
+    if (!external()) explainLock({});
     emptied();
     // An empty catalogue leaves nothing to search in; an empty result leaves the filters to be changed.
-    const bool filtered = !program.shared.CatalogueQueryFilter.isEmpty();
-    setEnabledByTag(MyGroup, filtered);
-    dbGrid->setEmptyText(filtered     ? u"Ничего не найдено"_s
-                         : external() ? u"В каталоге нет дисков"_s
-                                      : u"В каталоге пока нет дисков.\nНажмите «Добавить», чтобы внести первый."_s);
+    setEnabledByTag(MyGroup, !program.shared.CatalogueQueryFilter.isEmpty());
+    dbGrid->setEmptyText(m_listIsFiltered ? u"Ничего не найдено"_s
+                         : external()     ? u"В каталоге нет дисков"_s
+                                          : u"В каталоге пока нет дисков.\nНажмите «Добавить», чтобы внести первый."_s);
     TabStrip->setCurrentIndex(0);
     TabStrip->setTabText(1, {});
     TabStrip->setEnabled(false);

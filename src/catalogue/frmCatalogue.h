@@ -129,6 +129,7 @@ private:
 
     void allow(int button, bool allowed);
     void explainLock(const QString& why);
+    void explainViewing();
     bool external() const { return program.shared.ExternalDBOpen; }
     qint64 currentKey() const { return dcDatabase->value(kind.key).toLong(); }
     int currentNumber() const { return dcDatabase->value(u"Номер").toInt(); }
@@ -137,4 +138,5 @@ private:
     Blinker* m_due;
     TypeAhead m_typeAhead{u"Название"_s};
     qint64 m_openOn = 0;
+    bool m_listIsFiltered = false; ///< also where CatalogueQueryFilter is empty again behind its back
 };

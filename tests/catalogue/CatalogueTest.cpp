@@ -226,7 +226,9 @@ TEST_P(EveryCatalogue, FiltersReplaceEachOther)
         co_await select(names, "Квест");
         co_await type("txtName", "");
         EXPECT_EQ(numbers(), "1 2 7");
-        co_await type("txtName", "x");
+        co_await keys("i");
+        EXPECT_EQ(shown("txtName"), "i") << "no title came in between";
+        EXPECT_EQ(numbers(), "1 2");
     });
     EXPECT_EQ(program.shared.CatalogueQueryFilter, "");
 }
@@ -297,6 +299,16 @@ TEST_P(EveryCatalogue, ChangeStaysOnTheDiscAndOnTheFilteredListButForgetsTheFilt
         EXPECT_FALSE(program.shared.DialogDone);
         co_await check("chSortedDESC");
         EXPECT_EQ(counter(), "Дисков в каталоге: 4");
+
+        co_await select(kind.dictionary.listName, "RPG");
+        expectForm(kind.editor);
+        co_await click("imgButton_3");
+        co_await click("imgButton_0");
+        expectBox("Вы действительно хотите удалить диск № 1?\r" + kind.deleteQuestionTail, 36);
+        co_await click("imgButton_2");
+        EXPECT_EQ(emptyText(), "Ничего не найдено") << "the catalogue is not empty";
+        co_await click("imgButton_5");
+        EXPECT_EQ(counter(), "Дисков в каталоге: 3");
     });
 }
 
@@ -391,6 +403,8 @@ TEST_P(EveryCatalogue, ExternalDatabaseIsOnlyLookedAt)
     setOption("AutoResp", "1");
     browse([&]() -> Script {
         EXPECT_EQ(buttons(), "0");
+        for (const char* button : {"imgButton_1", "imgButton_3"})
+            EXPECT_TRUE(hint(button).endsWith("\nВнешнюю базу данных можно только просматривать")) << button;
         EXPECT_EQ(title(), kind.title);
         EXPECT_FALSE(enabled("TabStrip"));
         EXPECT_FALSE(visible("lblDue"));
