@@ -11,18 +11,6 @@
 #include <QGuiApplication>
 
 namespace {
-/// Endings of a card's controls: the counters', the disc sign's and the logo's.
-struct Endings {
-    QString counter, sign, logo;
-};
-
-Endings endings(const CatalogueKind& kind)
-{
-    if (kind.code == u"AD") return {u"Audio"_s, u"AD"_s, u"AD"_s};
-    if (kind.code == u"PC") return {u"PC"_s, u"PC"_s, u"PCCD"_s};
-    return {u"DVD"_s, u"DVD"_s, u"DVD"_s};
-}
-
 template<class W> W* make(const QString& name)
 {
     auto* widget = new W;
@@ -46,16 +34,16 @@ QString DiscWord(int discs)
 }
 
 CatalogueCard::CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* add)
-    : m_kind(kind), imgLogo(make<IconTile>(u"imgLogo"_s + endings(kind).logo)),
-      lblCDs(make<QLabel>(u"lblCDs"_s + endings(kind).counter)), lblDiscs(new QLabel),
-      lblUpdate(make<QLabel>(u"lblCDs%1Update"_s.arg(endings(kind).counter))),
-      lblDue(make<QLabel>(u"lblCDdue"_s + endings(kind).counter)),
-      fraFindDue(make<QFrame>(u"fraFindDue"_s + endings(kind).counter)),
-      imgFindDue(make<IconLabel>(u"imgFindDue"_s + endings(kind).counter)),
-      lblFindDue(make<QLabel>(u"lblFindDue"_s + endings(kind).counter)), m_overdue(new QLabel),
-      imgNew(make<IconLabel>(u"imgNew"_s + endings(kind).sign)), lblNew(make<QLabel>(u"lblNew"_s + endings(kind).sign)),
-      imgShare(make<IconLabel>(u"imgShare"_s + endings(kind).sign)),
-      lblShare(make<LinkButton>(u"lblShare"_s + endings(kind).sign)),
+    : m_kind(kind), imgLogo(make<IconTile>(u"imgLogo"_s + kind.endings.logo)),
+      lblCDs(make<QLabel>(u"lblCDs"_s + kind.endings.counter)), lblDiscs(new QLabel),
+      lblUpdate(make<QLabel>(u"lblCDs%1Update"_s.arg(kind.endings.counter))),
+      lblDue(make<QLabel>(u"lblCDdue"_s + kind.endings.counter)),
+      fraFindDue(make<QFrame>(u"fraFindDue"_s + kind.endings.counter)),
+      imgFindDue(make<IconLabel>(u"imgFindDue"_s + kind.endings.counter)),
+      lblFindDue(make<QLabel>(u"lblFindDue"_s + kind.endings.counter)), m_overdue(new QLabel),
+      imgNew(make<IconLabel>(u"imgNew"_s + kind.endings.sign)), lblNew(make<QLabel>(u"lblNew"_s + kind.endings.sign)),
+      imgShare(make<IconLabel>(u"imgShare"_s + kind.endings.sign)),
+      lblShare(make<LinkButton>(u"lblShare"_s + kind.endings.sign)),
       m_dueSign({fraFindDue, imgFindDue, lblFindDue}, this)
 {
     setAccent(kind.accent);

@@ -55,7 +55,7 @@ bool DriveWatch::look(const QString& drive, bool mayAsk)
         m_signs.state = DriveState::NoDisc;
         return false;
     }
-    if (kind != &Audio()) m_signs.state = DriveState::Disc;
+    if (kind->presentUnidentified) m_signs.state = DriveState::Disc;
     if (disc.id == m_last) return false;
     m_last = disc.id;
     if (disc.id.isEmpty()) return false;

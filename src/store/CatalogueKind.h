@@ -31,6 +31,11 @@ struct DictionaryKind {
     DictionaryScreen screen;
 };
 
+/// Endings of the names of a catalogue's controls in the main window.
+struct ControlEndings {
+    QString counter, sign, logo; ///< "lblCDsAudio", "imgNewAD", "imgLogoAD"
+};
+
 struct SortOrder {
     QString item;  ///< "по номеру"
     QString field; ///< "Номер"
@@ -53,6 +58,8 @@ struct CatalogueKind {
     int accent;       ///< of Theme
     QString icon;     ///< of Icons
     QString listText; ///< "Аудио диски": in the list bar and on the dashboard
+    ControlEndings endings;
+    bool presentUnidentified = true; ///< the watch tells that such a disc is in the drive before it knows which one
 
     QString table; ///< "Аудио"
     QString key;   ///< "КодАудиоДиск"
