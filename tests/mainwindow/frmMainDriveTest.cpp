@@ -59,23 +59,6 @@ TEST_F(MainWindow, TheImageStaysInTheDriveOverARestart)
     });
 }
 
-TEST_F(MainWindow, AKnownDiscIsNamedOnItsCard)
-{
-    shelf.computer(12, "Debian").discs(3).bound(2, "1A2B3C4D");
-    putIn();
-    watch();
-    walk([&]() -> Script {
-        co_await advance(1000);
-        EXPECT_TRUE(visible("lblNewPC"));
-        EXPECT_EQ(shown("lblNewPC"), u"Диск № 12 (CD2):\nDebian"_s);
-        co_await picture("known-disc");
-        drives.v.medium.reset();
-        co_await advance(1000);
-        EXPECT_FALSE(visible("lblNewPC"));
-        EXPECT_EQ(hint("StatusBar_3"), u"Диска в устройстве нет"_s);
-    });
-}
-
 TEST_F(MainWindow, TheCorrectionOfACategoryLooksAtTheDiscAnew)
 {
     putIn();
