@@ -15,6 +15,7 @@ using namespace DaoErrorNumber;
 namespace {
 
 constexpr int ApplicationId = 0x766E7261; // "vnra"
+constexpr int MaxForeignWork = 50;        // million steps of a statement; a list of 100,000 discs takes six
 
 /// Write-ahead logs make files of their own beside a database, also for one that only reads it.
 void refuseWriteAheadLog(const QString& path)
@@ -80,6 +81,7 @@ Connection::Connection(const QString& path, Mode mode, const Clock& clock, Group
             throw RuntimeError(NotADatabase, u"Файл «%1» не является базой данных этой программы."_s.arg(
                                                  QDir::toNativeSeparators(path)));
         m_file.number("SELECT count(*) FROM sqlite_schema");
+        if (mode == Mode::ReadOnly) refuseComputedFields();
         // SQLite itself notices missing pages, but reads half a page as one that ends in zeros.
         if (QFileInfo(path).size() % m_file.number("PRAGMA page_size") != 0) m_file.fail(SQLITE_CORRUPT);
     } catch (const RuntimeError& error) {
@@ -101,7 +103,20 @@ Connection::~Connection()
         sqlite3_exec(m_file.handle(), "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
 }
 
-void Connection::configure() { m_file.restrictUse(); }
+void Connection::configure()
+{
+    m_file.restrictUse();
+    if (m_mode == Mode::ReadOnly) m_file.limitWork(MaxForeignWork);
+}
+
+/// They are code: a single value of one can take minutes. Virtual tables, which are no better, have no page.
+void Connection::refuseComputedFields()
+{
+    if (m_file.number("SELECT count(*) FROM sqlite_schema AS s, pragma_table_xinfo(s.name) AS x "
+                      "WHERE s.type='table' AND s.rootpage>0 AND x.hidden IN (2,3)") != 0)
+        throw RuntimeError(NotADatabase, u"Файл «%1» не является базой данных этой программы: в нем есть вычисляемые "
+                                         u"поля."_s.arg(QDir::toNativeSeparators(path())));
+}
 
 void Connection::registerFunctions()
 {
@@ -181,14 +196,19 @@ void Connection::reading(const std::function<void()>& block)
     m_file.execute("COMMIT");
 }
 
-void Connection::begin()
+void Connection::requireInPlace()
 {
-    if (m_inGroup) return;
-    if (m_mode == Mode::ReadOnly) m_file.fail(SQLITE_READONLY);
     if (m_file.moved())
         throw RuntimeError(CannotOpenOrWrite,
                            u"Файл «%1» был удален или заменен другим, пока программа с ним работала. "
                            u"Запись отменена. Откройте базу данных заново."_s.arg(QDir::toNativeSeparators(path())));
+}
+
+void Connection::begin()
+{
+    if (m_inGroup) return;
+    if (m_mode == Mode::ReadOnly) m_file.fail(SQLITE_READONLY);
+    requireInPlace();
     m_file.execute("BEGIN IMMEDIATE");
     m_inGroup = true;
     if (m_groups.open.empty()) m_groups.since.start();
@@ -212,6 +232,7 @@ void Connection::commit()
 {
     if (!m_inGroup) return;
     try {
+        requireInPlace();
         m_file.execute("COMMIT");
     } catch (const RuntimeError&) {
         rollback();

@@ -85,8 +85,10 @@ public:
 
 private:
     void configure();
+    void refuseComputedFields();
     void registerFunctions();
     void probe();
+    void requireInPlace();
     void begin();
     void giveUp() noexcept;
     void forgetTables();

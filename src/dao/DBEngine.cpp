@@ -90,6 +90,7 @@ struct DBEngine::State : std::enable_shared_from_this<DBEngine::State> {
     State(const Clock& clock, std::chrono::milliseconds keepIdle) : clock(clock), keepIdle(keepIdle) {}
 
     std::shared_ptr<Connection> open(const QString& path, Connection::Mode mode);
+    void dropReplaced(const QString& key);
     void release(const QString& key);
     void releaseIdle();
     void becameIdle(const QString& key);
@@ -101,12 +102,33 @@ struct DBEngine::State : std::enable_shared_from_this<DBEngine::State> {
     std::unique_ptr<QTimer> timer;
 };
 
+/// Another file stands where a connection's own one stood, or its name leads elsewhere by now. Who still reads the old one
+/// must not come to write the new.
+void DBEngine::State::dropReplaced(const QString& key)
+{
+    for (auto& byMode : entries)
+        for (auto entry = byMode.begin(); entry != byMode.end();) {
+            Connection& connection = *entry->connection;
+            const bool replaced = entry.key() == key ? connection.moved() : fileKey(connection.path()) == key;
+            if (!replaced) {
+                ++entry;
+                continue;
+            }
+            connection.commit(); // throws: what was written went to the old file
+            if (!entry->handles.expired())
+                throw RuntimeError(InUse, u"Файл «%1» был заменен другим, пока программа показывала прежний. Закройте "
+                                          u"окна, которые с ним работают, и откройте их снова."_s.arg(
+                                              QDir::toNativeSeparators(connection.path())));
+            entry = byMode.erase(entry);
+        }
+}
+
 std::shared_ptr<Connection> DBEngine::State::open(const QString& path, Connection::Mode mode)
 {
     requireFile(path, mode);
     const QString key = fileKey(path);
+    dropReplaced(key);
     Entry& entry = entries[static_cast<int>(mode)][key];
-    if (entry.connection && entry.connection->moved()) entry = {}; // open handles keep the old file to themselves
     if (auto shared = entry.handles.lock()) return shared;
     try {
         if (!entry.connection) entry.connection = std::make_shared<Connection>(path, mode, clock, groups);

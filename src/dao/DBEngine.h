@@ -58,9 +58,12 @@ public:
     /// An empty database; 3204 when the file exists, 3044 when its folder does not, 3051 when it cannot be written.
     void CreateDatabase(const QString& path);
     /// For reading and writing: 3024 no such file (it is never created), 3044 no such folder, 3051 the file or its folder
-    /// cannot be written, the file being there or not, 3343 not a database.
+    /// cannot be written, the file being there or not, 3343 not a database, 3045 another file took its place while
+    /// handles on the old one are open.
     Database OpenDatabase(const QString& path);
-    /// For looking at a file of others: nothing in it can be changed, and 3051 does not arise.
+    /// For looking at a file of others: nothing in it can be changed, and 3051 does not arise. The file may be contrived:
+    /// no statement runs longer than some seconds (3049), and none of its triggers, views, virtual tables and computed
+    /// fields is ever run.
     Database OpenDatabaseReadOnly(const QString& path);
     /// A compact copy of a file that nobody has open in this process. `target` must not exist (3204). 3051 and 3026 are
     /// about the target when it cannot be made; other errors are about the source.

@@ -89,6 +89,9 @@ RuntimeError failure(sqlite3* db, int code, const QString& path, const QString& 
     case SQLITE_NOMEM: return {7, u"Не хватает памяти."_s};
     case SQLITE_BUSY:
     case SQLITE_LOCKED: return {Locked, u"Файл «%1» занят другой программой. Закройте ее и повторите."_s.arg(file)};
+    case SQLITE_INTERRUPT:
+        return {Damaged,
+                u"Файл «%1» поврежден или устроен необычно: чтение заняло бы слишком много времени."_s.arg(file)};
     case SQLITE_TOOBIG: return {TextTooLong, u"Значение слишком велико для базы данных «%1»."_s.arg(file)};
     case SQLITE_MISMATCH: return {WrongType, u"Значение не подходит к полю таблицы «%1»."_s.arg(table)};
     default: return wrongStatement(message(db), file, malformed);
@@ -147,6 +150,16 @@ bool SqliteFile::moved() const
     int moved = 0;
     if (sqlite3_file_control(m_db, "main", SQLITE_FCNTL_HAS_MOVED, &moved) != SQLITE_OK) return false;
     return moved != 0;
+}
+
+void SqliteFile::limitWork(int millions)
+{
+    m_mostWork = millions;
+    const auto count = [](void* file) -> int {
+        auto* self = static_cast<SqliteFile*>(file);
+        return ++self->m_work > self->m_mostWork;
+    };
+    sqlite3_progress_handler(m_db, 1'000'000, count, this);
 }
 
 bool SqliteFile::readOnly() const { return sqlite3_db_readonly(m_db, "main") != 0; }
@@ -222,7 +235,11 @@ void Statement::run()
     }
 }
 
-void Statement::reset() noexcept { sqlite3_reset(m_statement); }
+void Statement::reset() noexcept
+{
+    sqlite3_reset(m_statement);
+    m_file.forgetWork();
+}
 
 int Statement::columns() const { return sqlite3_column_count(m_statement); }
 

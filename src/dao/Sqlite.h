@@ -36,12 +36,19 @@ public:
     bool moved() const;
     bool readOnly() const;
 
+    /// From now on a statement that takes more than so many million steps of the engine ends with error 3049.
+    void limitWork(int millions);
+    /// What was counted so far is not the next statement's.
+    void forgetWork() { m_work = 0; }
+
     /// `table`: what the statement was about, for the description.
     [[noreturn]] void fail(int code, const QString& table = {}) const;
 
 private:
     QString m_path;
     sqlite3* m_db = nullptr;
+    int m_work = 0; ///< million steps of the statement under way
+    int m_mostWork = 0;
 };
 
 /// A prepared statement. Whoever steps it resets it: `Running` does so at the end of a block.

@@ -185,12 +185,15 @@ TEST_F(Files, AnIdleConnectionEndsWithItsTime)
     EXPECT_FALSE(heldOpen(path));
 }
 
-TEST_F(Files, AFileThatWasReplacedIsNeverWritten)
+TEST_F(Files, AFileThatWasReplacedIsNeverWrittenNorReadBesideTheOldOne)
 {
     Database db = open();
     Recordset rows = db.OpenRecordset(u"Стиль");
-    ASSERT_TRUE(QFile::copy(path, at(u"other.db"_s)));
-    ASSERT_EQ(::rename(QFile::encodeName(at(u"other.db"_s)).constData(), QFile::encodeName(path).constData()), 0);
+    const auto replace = [&] {
+        ASSERT_TRUE(QFile::copy(path, at(u"other.db"_s)));
+        ASSERT_EQ(::rename(QFile::encodeName(at(u"other.db"_s)).constData(), QFile::encodeName(path).constData()), 0);
+    };
+    replace();
     const auto sum = [&] {
         QFile file(path);
         EXPECT_TRUE(file.open(QFile::ReadOnly));
@@ -199,12 +202,30 @@ TEST_F(Files, AFileThatWasReplacedIsNeverWritten)
     const size_t before = sum();
     EXPECT_EQ(errorOf([&] { style(db, u"Rock"_s); }), DaoErrorNumber::CannotOpenOrWrite);
     EXPECT_EQ(sum(), before);
-    style(engine.OpenDatabase(path), u"Jazz"_s); // a new handle is on the new file
+    EXPECT_EQ(errorOf([&] { engine.OpenDatabase(path); }), DaoErrorNumber::InUse);
+    EXPECT_EQ(errorOf([&] { engine.OpenDatabaseReadOnly(path); }), DaoErrorNumber::InUse);
+    QFile::rename(path, at(u"new.db"_s));
+    QFile::link(at(u"new.db"_s), path);
+    EXPECT_EQ(errorOf([&] { engine.OpenDatabase(path); }), DaoErrorNumber::InUse) << "however it is reached";
     EXPECT_EQ(rows.RecordCount(), 0);
+    rows.Close();
+    db.Close();
+    style(engine.OpenDatabase(path), u"Jazz"_s); // nobody looks at the old one any more
     EXPECT_EQ(outside(path, "SELECT max(Стиль) FROM Стиль"), u"Jazz"_s);
 
+    engine.ReleaseAll();
     QFile::remove(path);
-    Database gone = db;
+    QFile::rename(at(u"new.db"_s), path);
+    EXPECT_EQ(errorOf([&] {
+                  CommandScope scope(engine);
+                  style(engine.OpenDatabase(path), u"Rock"_s);
+                  replace();
+                  scope.end();
+              }),
+              DaoErrorNumber::CannotOpenOrWrite)
+        << "a group that went to the old file is lost, and that is told";
+    Database gone = open();
+    QFile::remove(path);
     EXPECT_EQ(errorOf([&] { style(gone, u"Rock"_s); }), DaoErrorNumber::CannotOpenOrWrite);
     EXPECT_EQ(errorOf([&] { engine.OpenDatabase(path); }), DaoErrorNumber::FileNotFound);
     EXPECT_FALSE(QFile::exists(path));
@@ -265,18 +286,17 @@ TEST_F(Files, AFileFromElsewhereIsLookedAtAndNeverChanged)
 {
     style(open(), u"Rock"_s);
     engine.ReleaseAll();
-    for (const char* trap :
-         {"CREATE VIEW Аудио2 AS SELECT * FROM Стиль",
-          "CREATE TRIGGER t AFTER DELETE ON Стиль BEGIN DELETE FROM Аудио; END",
-          "CREATE VIRTUAL TABLE Поиск USING fts5(x)", "CREATE TABLE Чужая (a, b BLOB, c AS (a || 'x'))",
-          "INSERT INTO Чужая VALUES (1, x'FF41')", "UPDATE Стиль SET Стиль = CAST(x'80FF' AS TEXT)"})
+    for (const char* trap : {"CREATE VIEW Аудио2 AS SELECT * FROM Стиль",
+                             "CREATE TRIGGER t AFTER DELETE ON Стиль BEGIN DELETE FROM Аудио; END",
+                             "CREATE VIRTUAL TABLE Поиск USING fts5(x)", "CREATE TABLE Чужая (a, b BLOB)",
+                             "INSERT INTO Чужая VALUES (1, x'FF41')", "UPDATE Стиль SET Стиль = CAST(x'80FF' AS TEXT)"})
         ASSERT_EQ(outside(path, trap), QString()) << trap;
     {
         const Database db = engine.OpenDatabaseReadOnly(path);
         EXPECT_FALSE(db.HasTable(u"Аудио2"_s) || db.HasTable(u"Поиск"_s));
         EXPECT_EQ(errorOf([&] { db.OpenRecordset(u"SELECT * FROM Аудио2"); }), DaoErrorNumber::TableNotFound);
         Recordset rows = db.OpenRecordset(u"Чужая");
-        EXPECT_EQ(rows[u"c"].text(), u"1x"_s);
+        EXPECT_EQ(rows[u"b"].text().back(), u'A');
         EXPECT_EQ(db.OpenRecordset(u"Стиль")[u"Стиль"].text().size(), 2);
         rows.Edit();
         rows[u"a"] = 5;
@@ -289,6 +309,8 @@ TEST_F(Files, AFileFromElsewhereIsLookedAtAndNeverChanged)
     engine.ReleaseAll();
     EXPECT_EQ(engine.OpenDatabase(path).Execute(u"DELETE FROM Стиль"), 1); // and the trigger slept
     engine.ReleaseAll();
+    ASSERT_EQ(outside(path, "ALTER TABLE Чужая ADD c AS (a || 'x')"), QString());
+    EXPECT_EQ(errorOf([&] { engine.OpenDatabaseReadOnly(path); }), DaoErrorNumber::NotADatabase) << "a field that runs";
     ASSERT_EQ(outside(path, "PRAGMA journal_mode=WAL"), u"wal"_s);
     EXPECT_EQ(errorOf([&] { engine.OpenDatabaseReadOnly(path); }), DaoErrorNumber::NotADatabase);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"vinora.db"_s});

@@ -110,6 +110,24 @@ TEST_F(DatabaseFaults, ADatabaseThatIsReplacedMeanwhileIsTakenAndOneThatIsGoneIs
     EXPECT_TRUE(log().endsWith("(Код: 3024) frmMain, LoadData()\r\n")) << log().toStdString();
 }
 
+TEST_F(DatabaseFaults, ADatabaseThatIsReplacedUnderAnOpenCatalogueIsNotWritten)
+{
+    shelf.computer(1, "Debian");
+    engine.ReleaseAll();
+    ASSERT_TRUE(QFile::copy(path("vinora.db"), path("other.db")));
+    start([&]() -> Script {
+        expectForm("frmCataloguePCCD");
+        co_await trigger("ID_Catalog_PCCD");
+        QFile::remove(path("vinora.db"));
+        QFile::rename(path("other.db"), path("vinora.db"));
+        expectBox("Вы действительно хотите удалить диск № 1?\rСтруктура файлов этого диска будет также удалена.", 36);
+        expectFault("frmCataloguePCCD, cmdDelete()");
+        co_await click("imgButton_2");
+    });
+    EXPECT_TRUE(log().endsWith("(Код: 3045) frmCataloguePCCD, cmdDelete()\r\n")) << log().toStdString();
+    EXPECT_EQ(rows("SELECT Номер FROM Компьютер"), "1\n");
+}
+
 TEST_F(DatabaseFaults, WhatWasDoneInAnOpenCatalogueOutlivesALaterFailure)
 {
     shelf.computer(1, "Debian");
