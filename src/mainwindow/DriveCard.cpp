@@ -1,5 +1,6 @@
 #include "mainwindow/DriveCard.h"
 
+#include "frame/Text.h"
 #include "mainwindow/ActionButton.h"
 #include "platform/Literals.h"
 #include "recognition/DiscIdentity.h"
@@ -28,8 +29,16 @@ QString medium(const DriveSight& sight)
     return u"Диска нет. Вставьте диск или перетащите в это окно файл образа: ISO, CUE, TOC, NRG или BIN."_s;
 }
 
+/// An image that was not copied to its end.
+QString shortness(const DriveSight& sight)
+{
+    if (!sight.volume.success || !sight.size.cutShort()) return {};
+    return u"Образ неполон: %1 байт из %2. Часть файлов не прочитается."_s.arg(
+        FormatNumber(double(sight.size.present), 0, true), FormatNumber(double(sight.size.claimed), 0, true));
+}
+
 /// Why a disc that is there goes unnoticed.
-QString hint(const DriveSight& sight)
+QString unnoticed(const DriveSight& sight)
 {
     if (sight.root.isEmpty()) return {};
     if (sight.chosen.compare(sight.root, Qt::CaseInsensitive) == 0)
@@ -116,7 +125,8 @@ void DriveCard::show(const DriveSight& sight)
     for (size_t i = 0; i < facts.size(); ++i)
         lblDriveFact[i]->setText(facts[i].isEmpty() ? u"-"_s : Wrappable(facts[i], longestWord));
     m_facts->setVisible(!sight.root.isEmpty() && sight.volume.success);
-    const QString why = hint(sight);
-    lblDriveHint->setText(why);
-    lblDriveHint->setVisible(!why.isEmpty());
+    QStringList hints{shortness(sight), unnoticed(sight)};
+    hints.removeAll(QString());
+    lblDriveHint->setText(hints.join(u'\n'));
+    lblDriveHint->setVisible(!hints.isEmpty());
 }

@@ -18,6 +18,7 @@ struct DriveSight {
     QString description; ///< of the drive
     QString image;       ///< path of the image in a virtual drive
     VolumeProperties volume;
+    VolumeSize size;        ///< of that image
     QString kind;           ///< caption of the medium's kind, empty when it is unknown
     bool undecided = false; ///< nobody has ever said whether drives are watched, and they are not
 

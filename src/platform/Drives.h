@@ -39,6 +39,8 @@ public:
     /// Path of the image, empty when the drive is empty. It may name a file that has vanished since: the drive is then
     /// empty for everybody else and full again when the file is back.
     virtual QString imagePath() const = 0;
+    /// Of the volume in the image; zeros without one.
+    virtual VolumeSize size() = 0;
 };
 
 /// All drives of this machine. Devices take letters from D on in kernel order; the virtual drives have fixed letters

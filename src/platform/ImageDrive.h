@@ -21,6 +21,7 @@ public:
     void restore(const QString& imagePath) override;
     void eject() override;
     QString imagePath() const override { return m_path; }
+    VolumeSize size() override { return m_disc ? m_disc->size() : VolumeSize(); }
 
 private:
     /// What tells one state of a file from another.

@@ -21,6 +21,7 @@ public:
 
     VolumeProperties properties;
     TableOfContents contents;
+    VolumeSize extent;
     /// Calls of list and read so far.
     int touched = 0;
     /// The medium breaks after so many of them: each further one throws DiscError.
@@ -85,6 +86,7 @@ public:
     }
 
     VolumeProperties volume() override { return properties; }
+    VolumeSize size() override { return extent; }
     TableOfContents tableOfContents() override
     {
         if (healthy == 0) throw DiscError(u"Ошибка чтения оглавления."_s);
@@ -182,6 +184,7 @@ public:
         m_path.clear();
     }
     QString imagePath() const override { return m_path; }
+    VolumeSize size() override { return medium ? medium->extent : VolumeSize(); }
 
 private:
     QString m_path;

@@ -59,6 +59,21 @@ TEST_F(MainWindow, TheImageStaysInTheDriveOverARestart)
     });
 }
 
+TEST_F(MainWindow, AnImageThatIsNotWholeIsUsableAndSaysSo)
+{
+    drives.v.images[u"/images/zima.iso"_s]->extent = {734'003'200, 361'472};
+    putIn();
+    walk([&]() -> Script {
+        EXPECT_TRUE(shown("lblDriveMedium").contains(u"«ZIMA»"_s));
+        EXPECT_EQ(shown("lblDriveHint").section(u'\n', 0, 0).replace(QChar(0xA0), u' '),
+                  u"Образ неполон: 361 472 байт из 734 003 200. Часть файлов не прочитается."_s);
+        co_await picture("cut-image");
+        drives.v.medium->extent.present = 734'003'200;
+        co_await trigger("ID_Drive_Eject");
+        EXPECT_FALSE(visible("lblDriveHint"));
+    });
+}
+
 TEST_F(MainWindow, TheCorrectionOfACategoryLooksAtTheDiscAnew)
 {
     putIn();

@@ -56,6 +56,26 @@ void expectReadme(Disc& disc)
 }
 }
 
+TEST_F(DiscImage, AnImageThatWasNotCopiedToItsEndIsUsableAndTellsHowMuchIsThere)
+{
+    put("large", QByteArray(2'000'000, 'x'));
+    for (const char* udf : {"-J", "-udf"}) {
+        MAKE_IMAGE(genisoimage({"-J", udf}));
+        const QByteArray whole = contentsOf(image);
+        ImageDrive drive(u'V');
+        drive.insert(image);
+        EXPECT_FALSE(drive.size().cutShort()) << udf << " " << drive.size().claimed << " " << whole.size();
+        write(at("cut.iso"), whole.first(whole.size() - 300 * 2048 - 1));
+        drive.insert(at("cut.iso"));
+        EXPECT_EQ(drive.size().present, whole.size() - 300 * 2048 - 1) << udf;
+        EXPECT_GT(drive.size().claimed, drive.size().present) << udf;
+        EXPECT_LE(drive.size().claimed, whole.size()) << udf;
+        EXPECT_EQ(drive.disc()->list("\\").size(), 1) << udf;
+        drive.eject();
+        EXPECT_EQ(drive.size(), VolumeSize());
+    }
+}
+
 TEST_F(DiscImage, DataReadsTheSameWhateverTheSectorsLookLike)
 {
     const QByteArray user = iso();

@@ -26,6 +26,15 @@ struct VolumeProperties {
     bool operator==(const VolumeProperties&) const = default;
 };
 
+/// Bytes of user data that the volume takes by its own description, and those that are there.
+struct VolumeSize {
+    qint64 claimed = 0; ///< 0 when the description does not tell
+    qint64 present = 0;
+
+    bool cutShort() const { return present < claimed; }
+    bool operator==(const VolumeSize&) const = default;
+};
+
 struct DiscEntry {
     QString name;
     bool folder = false;
@@ -68,6 +77,7 @@ public:
     virtual ~Disc() = default;
 
     virtual VolumeProperties volume() = 0;
+    virtual VolumeSize size() { return {}; }
     virtual TableOfContents tableOfContents() = 0;
     /// Entries of one folder in ascending order of their names, compared without regard to case; no "." or "..".
     virtual QList<DiscEntry> list(const QString& folder) = 0;
@@ -92,6 +102,8 @@ class FileSystem {
 public:
     virtual ~FileSystem() = default;
     virtual VolumeProperties volume() = 0;
+    /// Bytes from the beginning of the medium on; 0 when the file system does not tell.
+    virtual qint64 claimedSize() const { return 0; }
     virtual QList<DiscEntry> list(const QString& folder) = 0;
     virtual QByteArray read(const QString& folder, const QString& name, qint64 offset, qint64 length) = 0;
 };

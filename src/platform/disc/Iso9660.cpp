@@ -92,6 +92,9 @@ VolumeProperties Iso9660::volume()
     return properties;
 }
 
+/// ECMA-119 8.4.8. Of a later session some count from its own beginning, which claims less.
+qint64 Iso9660::claimedSize() const { return Fields(m_descriptor.bytes).both32(80) * m_descriptor.blockSize; }
+
 qint64 Iso9660::folderSize(quint64 place) { return static_cast<quint32>(place); }
 
 std::vector<FolderTree::Node> Iso9660::folder(quint64 place)

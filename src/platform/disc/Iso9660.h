@@ -12,6 +12,7 @@ public:
     static std::unique_ptr<Iso9660> open(const std::shared_ptr<SectorCache>& medium);
 
     VolumeProperties volume() override;
+    qint64 claimedSize() const override;
 
 protected:
     qint64 folderSize(quint64 place) override;

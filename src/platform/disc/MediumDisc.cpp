@@ -13,19 +13,29 @@ void RequireRoot(const QString& folder)
 }
 
 MediumDisc::MediumDisc(TableOfContents contents, std::shared_ptr<SectorSource> data)
-    : m_contents(std::move(contents)), m_files(data ? OpenFileSystem(std::move(data)) : nullptr)
+    : m_contents(std::move(contents)), m_dataSize(data ? data->size() : 0),
+      m_files(data ? OpenFileSystem(std::move(data)) : nullptr)
 {}
 
-bool MediumDisc::readable() const
+bool MediumDisc::hasAudio() const
 {
     const auto audio = [](const DiscTrack& track) { return track.audio; };
-    return m_files || std::any_of(m_contents.tracks.begin(), m_contents.tracks.end(), audio);
+    return std::any_of(m_contents.tracks.begin(), m_contents.tracks.end(), audio);
 }
+
+bool MediumDisc::readable() const { return m_files || hasAudio(); }
 
 VolumeProperties MediumDisc::volume()
 {
     if (m_files) return m_files->volume();
     return readable() ? AudioVolume(m_contents) : VolumeProperties();
+}
+
+/// Some descriptors count the audio tracks in.
+VolumeSize MediumDisc::size()
+{
+    if (!m_files || hasAudio()) return {};
+    return {m_files->claimedSize(), m_dataSize};
 }
 
 QList<DiscEntry> MediumDisc::list(const QString& folder)

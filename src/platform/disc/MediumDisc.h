@@ -13,11 +13,15 @@ public:
     bool readable() const;
 
     VolumeProperties volume() override;
+    VolumeSize size() override;
     TableOfContents tableOfContents() override { return m_contents; }
     QList<DiscEntry> list(const QString& folder) override;
     QByteArray read(const QString& folder, const QString& name, qint64 offset, qint64 length) override;
 
 private:
+    bool hasAudio() const;
+
     TableOfContents m_contents;
+    qint64 m_dataSize;
     std::unique_ptr<FileSystem> m_files;
 };

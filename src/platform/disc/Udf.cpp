@@ -10,6 +10,16 @@ static quint64 PlaceOf(UdfAddress address) { return quint64(address.partition) <
 
 static UdfAddress AddressOf(quint64 place) { return {static_cast<quint32>(place), static_cast<quint16>(place >> 32)}; }
 
+/// To the end of the last partition. On write-once media that is the end of the medium, wherever recording stopped.
+static qint64 ClaimedSize(const UdfVolume& volume)
+{
+    if (volume.partitionMaps.contains("*UDF Virtual Partition")) return 0;
+    qint64 blocks = 0;
+    for (const UdfVolume::Partition& partition : volume.partitions)
+        blocks = std::max(blocks, qint64(partition.start) + partition.length);
+    return blocks * volume.blockSize;
+}
+
 std::unique_ptr<Udf> Udf::open(const std::shared_ptr<SectorCache>& medium)
 {
     quint32 session = medium->lastSession();
@@ -29,7 +39,7 @@ std::unique_ptr<Udf> Udf::open(const std::shared_ptr<SectorCache>& medium)
 }
 
 Udf::Udf(std::unique_ptr<UdfSpace> space, const UdfVolume& volume, UdfAddress root, quint32 serial)
-    : FolderTree(PlaceOf(root), space->medium().size()), m_space(std::move(space))
+    : FolderTree(PlaceOf(root), space->medium().size()), m_space(std::move(space)), m_claimedSize(ClaimedSize(volume))
 {
     constexpr quint32 caseSensitive = 0x1, casePreserved = 0x2, unicode = 0x4, readOnly = 0x80000;
     m_properties.success = true;

@@ -13,6 +13,7 @@ public:
     static std::unique_ptr<Udf> open(const std::shared_ptr<SectorCache>& medium);
 
     VolumeProperties volume() override { return m_properties; }
+    qint64 claimedSize() const override { return m_claimedSize; }
 
 protected:
     qint64 folderSize(quint64 place) override;
@@ -29,5 +30,6 @@ private:
 
     std::unique_ptr<UdfSpace> m_space;
     VolumeProperties m_properties;
+    qint64 m_claimedSize;
     std::optional<OpenFile> m_lastFile; ///< a file is mostly read in several parts
 };
