@@ -91,15 +91,10 @@ void frmCatalogue::connectControls()
     });
 }
 
-Database frmCatalogue::database() const
-{
-    return external() ? program.engine.OpenDatabaseReadOnly(program.shared.MainDBPath) : program.mainDatabase();
-}
-
 void frmCatalogue::Form_Load()
 {
     Routine("Form_Load"_L1, [&] {
-        dcDatabase->setDatabase(database());
+        dcDatabase->setDatabase(program.mainDatabase());
         if (const auto interval = BlinkInterval(program, u"tmrDueCatalogue")) m_due->setInterval(*interval);
         allow(1, !external());
         allow(5, false);
@@ -135,7 +130,7 @@ void frmCatalogue::loadSortOrder()
     const Profile settings = program.settings();
     cmbSorted->setCurrentIndex(0);
     if (!settings.has(u"Sorted", kind.sortedSetting)) return;
-    const int item = int(settings.number(u"Sorted", kind.sortedSetting));
+    const int item = BoundedInt(settings.number(u"Sorted", kind.sortedSetting), -1, cmbSorted->count());
     if (item >= 0 && item < cmbSorted->count()) cmbSorted->setCurrentIndex(item);
     chSortedDESC->setChecked(settings.number(u"Sorted", kind.sortedSetting + u"DESC"_s) == 1);
 }
@@ -144,7 +139,7 @@ void frmCatalogue::loadSortOrder()
 void frmCatalogue::FullDictionary()
 {
     cmbDictionary->clear();
-    cmbDictionary->addItems(NamesOf(database(), kind.dictionary));
+    cmbDictionary->addItems(NamesOf(program.mainDatabase(), kind.dictionary));
     cmbDictionary->setCurrentIndex(-1);
 }
 

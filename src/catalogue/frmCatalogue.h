@@ -75,7 +75,6 @@ protected:
     void filterBy(const QString& clause);
 
     /// The one on view.
-    Database database() const;
     DataControl* const dcDatabase;
 
     void Form_Load() override;

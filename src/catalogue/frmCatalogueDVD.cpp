@@ -23,7 +23,7 @@ frmCatalogueDVD::frmCatalogueDVD(Program& program) : frmCatalogue(program, Dvd()
 
 void frmCatalogueDVD::Form_Load()
 {
-    Routine("Form_Load"_L1, [&] { m_formats.emplace(database()); });
+    Routine("Form_Load"_L1, [&] { m_formats.emplace(program.mainDatabase()); });
     frmCatalogue::Form_Load();
 }
 

@@ -30,7 +30,12 @@ struct Program {
     int routines = 0;     ///< guarded routines under way, one in another; kept by Guarded
     bool faulted = false; ///< set by ReportFault: a second fault ends the process without a word
 
-    Database mainDatabase() const { return engine.OpenDatabase(shared.MainDBPath); }
+    /// Nothing is ever written to an external one.
+    Database mainDatabase() const
+    {
+        return shared.ExternalDBOpen ? engine.OpenDatabaseReadOnly(shared.MainDBPath)
+                                     : engine.OpenDatabase(shared.MainDBPath);
+    }
     Database filesDatabase() const { return engine.OpenDatabase(shared.FilesDBPath); }
     Database tracksDatabase() const { return engine.OpenDatabase(shared.TracksDBPath); }
     /// vinora.ini, query.ini and skipcd.ini.
