@@ -141,6 +141,13 @@ void CatalogueCard::show(const CatalogueSummary& summary)
     lblDue->setText(QString::number(summary.lent));
 }
 
+void CatalogueCard::showWithoutLoans(const CatalogueSummary& summary)
+{
+    show(summary);
+    lblDue->setText(u"-"_s);
+    showOverdue(0);
+}
+
 void CatalogueCard::showOverdue(int loans)
 {
     lblFindDue->setText(QString::number(loans));

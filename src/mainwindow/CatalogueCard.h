@@ -21,6 +21,8 @@ public:
     CatalogueCard(const CatalogueKind& kind, QAction* open, QAction* add);
 
     void show(const CatalogueSummary& summary);
+    /// The same where loans are none of ours.
+    void showWithoutLoans(const CatalogueSummary& summary);
     /// Off with 0. The sign blinks with the interval of `setDueInterval`.
     void showOverdue(int loans);
     void setDueInterval(int milliseconds) { m_dueSign.setInterval(milliseconds); }

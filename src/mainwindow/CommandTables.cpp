@@ -60,7 +60,7 @@ const QList<Command>& AllCommands()
         {u"ID_QuickDVDNewDue"_s, u"&Новый должник"_s, u"loan"_s, {}, u"frmAddInDueFromMain"_s},
         // Меню ярлыков
         {u"ID_ToolbarEditAdd"_s, u"&Добавить"_s, u"add"_s, {}, u"frmCreateQuery"_s},
-        {u"ID_ToolbarEditDel"_s, u"&Удалить"_s, u"delete"_s, {}, u"frmCreateQuery"_s},
+        {u"ID_ToolbarEditDel"_s, u"&Удалить"_s, u"delete"_s},
         {u"ID_ToolbarEditChange"_s, u"&Изменить"_s, u"edit"_s, {}, u"frmCreateQuery"_s},
     };
     return all;

@@ -70,6 +70,11 @@ void Dashboard::showTotal(int discs, int loans)
     lblTotal->setText(text);
 }
 
+void Dashboard::showExternalTotal(int discs)
+{
+    lblTotal->setText(QString::number(discs) + u' ' + DiscWord(discs) + u" во внешней базе данных, только просмотр"_s);
+}
+
 void Dashboard::showPanelLink(bool panelShown)
 {
     const QString text = panelShown ? u"Скрыть панель"_s : u"Показать панель"_s;

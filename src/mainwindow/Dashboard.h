@@ -17,6 +17,8 @@ public:
     const std::array<CatalogueCard*, 3>& cards() const { return m_cards; }
     DriveCard& drive() { return *m_drive; }
     void showTotal(int discs, int loans);
+    /// Of the catalogues of an external database.
+    void showExternalTotal(int discs);
     void showPanelLink(bool panelShown);
 
 signals:

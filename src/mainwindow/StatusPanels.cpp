@@ -3,14 +3,13 @@
 #include "platform/Literals.h"
 
 StatusPanels::StatusPanels()
-    : m_mode(new QLabel), m_modePicture(new IconLabel), m_discPicture(new IconLabel), m_clock(new QLabel)
+    : m_mode(new ElidedLabel), m_modePicture(new IconLabel), m_discPicture(new IconLabel), m_clock(new QLabel)
 {
     setObjectName(u"StatusBar"_s);
     m_mode->setObjectName(u"StatusBar_1"_s);
     m_modePicture->setObjectName(u"StatusBar_2"_s);
     m_discPicture->setObjectName(u"StatusBar_3"_s);
     m_clock->setObjectName(u"StatusBar_4"_s);
-    m_mode->setTextFormat(Qt::PlainText);
     m_mode->setContentsMargins(6, 0, 6, 0);
     m_clock->setContentsMargins(6, 0, 6, 0);
     m_clock->setAlignment(Qt::AlignCenter);
@@ -23,11 +22,13 @@ StatusPanels::StatusPanels()
     setSizeGripEnabled(true);
 }
 
-void StatusPanels::setModePicture(const QString& icon) { m_modePicture->setIcon(icon); }
-
-void StatusPanels::setDiscPicture(const QString& icon, const QString& hint)
+static void showPicture(IconLabel& picture, const QString& icon, const QString& hint)
 {
-    m_discPicture->setIcon(icon);
-    m_discPicture->setToolTip(hint);
-    m_discPicture->setAccessibleName(hint);
+    picture.setIcon(icon);
+    picture.setToolTip(hint);
+    picture.setAccessibleName(hint);
 }
+
+void StatusPanels::setModePicture(const QString& icon, const QString& hint) { showPicture(*m_modePicture, icon, hint); }
+
+void StatusPanels::setDiscPicture(const QString& icon, const QString& hint) { showPicture(*m_discPicture, icon, hint); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/ElidedLabel.h"
 #include "ui/IconLabel.h"
 
 #include <QLabel>
@@ -12,12 +13,12 @@ public:
 
     void setMode(const QString& text) { m_mode->setText(text); }
     /// Empty for none.
-    void setModePicture(const QString& icon);
+    void setModePicture(const QString& icon, const QString& hint);
     void setDiscPicture(const QString& icon, const QString& hint);
     void setClock(const QString& text) { m_clock->setText(text); }
 
 private:
-    QLabel* m_mode;
+    ElidedLabel* m_mode;
     IconLabel* m_modePicture;
     IconLabel* m_discPicture;
     QLabel* m_clock;

@@ -21,7 +21,7 @@ void apply(const Profile& settings, QStringView key, auto set)
 void LoadWinPos(QWidget& window, const Profile& settings)
 {
     Qt::WindowStates state = Qt::WindowNoState;
-    const int stored = int(qBound(-farthest, settings.number(u"Window", u"State", buffer), farthest));
+    const int stored = BoundedInt(settings.number(u"Window", u"State", buffer), Normal, Maximised + 1);
     if (stored == Minimised) state = Qt::WindowMinimized;
     if (stored == Maximised) state = Qt::WindowMaximized;
 

@@ -3,7 +3,6 @@
 #include "frame/Text.h"
 #include "frame/Version.h"
 #include "mainwindow/MenuBarKey.h"
-#include "mainwindow/QueryShortcuts.h"
 #include "mainwindow/WindowPlace.h"
 #include "mainwindow/frmCompactDB.h"
 #include "recognition/DiscImages.h"
@@ -80,6 +79,7 @@ void frmMain::connectAll()
     for (QAction* action : m_commands.actions())
         connect(action, &QAction::triggered, this, [this, action] { Route(action->objectName()); });
     connect(SSListBar, &ListBar::itemClicked, this, &frmMain::listBarClicked);
+    connect(SSListBar, &ListBar::contextMenu, this, &frmMain::showShortcutMenu);
     connect(tmrCheckCD, &Timer::tick, this, &frmMain::tmrCheckCD_Timer);
     connect(tmrNewCD, &Timer::tick, this, &frmMain::tmrNewCD_Timer);
     connect(tmrTime, &Timer::tick, this, &frmMain::tmrTime_Timer);
@@ -147,6 +147,7 @@ bool frmMain::Form_Unload()
     if (confirm.isEmpty() || confirm.startsWith(u'1'))
         if (!program.dialogs.Ask(u"Вы действительно хотите выйти из программы?"_s)) return false;
 
+    if (program.shared.ExternalDBOpen) OpenLocalDB();
     tmrCheckCD->setEnabled(false);
     tmrNewCD->setEnabled(false);
     SaveToolbars();
@@ -183,6 +184,7 @@ void frmMain::CompactDB()
         if (program.settings().number(u"Option", u"AutoCompactDatabase", 2) != 1) return;
         frmCompactDB wait;
         wait.showNow();
+        if (program.shared.ExternalDBOpen) OpenLocalDB();
         CompactDatabases(program);
     });
 }

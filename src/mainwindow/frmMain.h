@@ -6,6 +6,7 @@
 #include "mainwindow/StatusPanels.h"
 #include "mainwindow/Toolbars.h"
 #include "recognition/DriveWatch.h"
+#include "store/ExternalDatabase.h"
 #include "ui/ListBar.h"
 #include "ui/Timer.h"
 
@@ -50,8 +51,6 @@ private:
     void initUser();
     void LoadToolbars(const std::optional<ToolbarLayout>& layout);
     void SaveToolbars();
-    void AddListbars();
-    void loadShortcuts();
     void showPanel(bool shown);
     bool Form_Unload();
     void CompactDB();
@@ -94,14 +93,29 @@ private:
     void editDictionary(const CatalogueKind& kind);
     void changeCategory();
     void showSearch(const QString& category);
-    void addShortcut();
     void showOptions();
     void showToolbarOptions();
     void showAbout();
-    void listBarClicked(const QString& group, const QString& text);
-    void chooseInListBar(const QString& command);
     void showLoans();
     void enableCommands();
+
+    // List bar
+    void AddListbars();
+    void enableListBar();
+    void listBarClicked(const QString& group, const QString& text);
+    void loadShortcuts();
+    void runShortcut(const QString& name);
+    void showShortcutMenu(const QString& group, const QString& text, const QPoint& at);
+    void addShortcut();
+    void changeShortcut();
+    void deleteShortcut();
+
+    // Which database is on view
+    void OpenExternalDB();
+    void OpenLocalDB();
+    void showExternal(const ExternalSummary& seen);
+    void enableForMode();
+    bool externalHas(const CatalogueKind& kind);
 
     Program& program;
     Commands m_commands;
@@ -115,5 +129,7 @@ private:
     Timer* tmrNewCD;
     Timer* tmrTime;
     DriveSigns m_painted;
+    QString m_shortcut;       ///< that the shortcuts' menu is open on, empty beside one
+    QStringList m_foldedAway; ///< groups that were folded when they left the list bar
     bool m_showTime = false;
 };

@@ -11,7 +11,6 @@
 #include "lending/frmAddInDue.h"
 #include "lending/frmDue.h"
 #include "mainwindow/HelpCommands.h"
-#include "mainwindow/QueryShortcuts.h"
 #include "recognition/DiscIdentity.h"
 #include "recognition/DiscImages.h"
 #include "ui/Icons.h"
@@ -25,41 +24,11 @@
 namespace {
 /// The screens that this program has besides those of the catalogues. What leads to others is disabled.
 const QStringList builtScreens{
-    u"frmAddInDue"_s,       u"frmDue"_s,      u"frmChangeNumber"_s, u"frmEditDescription"_s, u"frmEditGenre"_s,
-    u"frmEditStyle"_s,      u"frmFileList"_s, u"frmHelp"_s,         u"frmOption"_s,          u"frmSelectCD"_s,
-    u"frmSelectCategory"_s, u"frmToolbars"_s, u"frmCreateQuery"_s,  u"frmDBFind"_s,          u"frmTrackList"_s,
+    u"frmAddInDue"_s,    u"frmDue"_s,       u"frmChangeNumber"_s,   u"frmEditDescription"_s,
+    u"frmEditGenre"_s,   u"frmEditStyle"_s, u"frmFileList"_s,       u"frmHelp"_s,
+    u"frmOption"_s,      u"frmSelectCD"_s,  u"frmSelectCategory"_s, u"frmToolbars"_s,
+    u"frmCreateQuery"_s, u"frmDBFind"_s,    u"frmTrackList"_s,      u"OpenExternalDB"_s,
 };
-
-struct ListBarItem {
-    QString text, key, icon, command;
-};
-struct ListBarGroup {
-    QString key, caption;
-    QList<ListBarItem> items;
-};
-
-const QList<ListBarGroup>& listBarGroups()
-{
-    static const QList<ListBarGroup> groups{
-        {u"g1"_s,
-         u"Каталоги"_s,
-         {{Audio().listText, u"cat1"_s, u"disc-audio"_s, u"ID_Catalog_AudioCD"_s},
-          {Computer().listText, u"cat2"_s, u"disc-data"_s, u"ID_Catalog_PCCD"_s},
-          {Dvd().listText, u"cat3"_s, u"disc-dvd"_s, u"ID_Catalog_DVD"_s}}},
-        {u"g2"_s,
-         u"Должники"_s,
-         {{u"Список должников"_s, u"due1"_s, u"people"_s, u"ID_Due_List"_s},
-          {u"История дисков"_s, u"due2"_s, u"history"_s, u"ID_Due_DiskHistory"_s},
-          {u"Статистика"_s, u"due3"_s, u"statistics"_s, u"ID_Due_Stat"_s},
-          {u"Управление должниками"_s, u"due4"_s, u"loan"_s, u"ID_Due_Admin"_s}}},
-        {u"g3"_s,
-         u"База данных"_s,
-         {{u"Мастер обслуживания"_s, u"db1"_s, u"wizard"_s, u"ID_DB_Wizard"_s},
-          {u"Поиск"_s, u"db2"_s, u"search"_s, u"ID_DB_Search"_s}}},
-        {u"g4"_s, u"Запрос"_s, {}},
-    };
-    return groups;
-}
 }
 
 bool frmMain::offers(QStringView screen) const
@@ -73,9 +42,6 @@ void frmMain::enableCommands()
 {
     for (const Command& command : AllCommands())
         if (!command.needs.isEmpty()) m_commands.action(command.id)->setEnabled(offers(command.needs));
-    for (const ListBarGroup& group : listBarGroups())
-        for (const ListBarItem& item : group.items)
-            SSListBar->setItemEnabled(group.key, item.text, m_commands.action(item.command)->isEnabled());
     for (const MenuDef& def : AllMenus()) {
         const bool any = std::ranges::any_of(def.entries, [&](const QString& entry) {
             const QAction* action = m_commands.action(entry);
@@ -83,40 +49,8 @@ void frmMain::enableCommands()
         });
         if (!def.inMenuBar) m_commands.menu(def.id)->menuAction()->setEnabled(any);
     }
-}
-
-void frmMain::AddListbars()
-{
-    if (SSListBar->groupCount() >= 2) return;
-    for (const ListBarGroup& group : listBarGroups()) {
-        if (!SSListBar->hasGroup(group.key)) SSListBar->addGroup(group.key, group.caption);
-        for (const ListBarItem& item : group.items) SSListBar->addItem(group.key, item.key, item.text, icon(item.icon));
-    }
-}
-
-void frmMain::loadShortcuts()
-{
-    SSListBar->clearGroup(u"g4"_s);
-    for (const QString& name : QueryShortcutNames(program.queries())) {
-        SSListBar->addItem(u"g4"_s, u"query1"_s, name, icon(u"query"_s));
-        SSListBar->setItemEnabled(u"g4"_s, name, offers(u"frmCreateQuery"));
-    }
-}
-
-void frmMain::listBarClicked(const QString& group, const QString& text)
-{
-    for (const ListBarGroup& each : listBarGroups())
-        for (const ListBarItem& item : each.items)
-            if (each.key == group && item.text == text) chooseInListBar(item.command);
-}
-
-void frmMain::chooseInListBar(const QString& command)
-{
-    // Other people's debtors are none of the user's. The word has always been this one.
-    if (program.shared.ExternalDBOpen && command == u"ID_Due_List")
-        program.dialogs.MsgBox(u"qwe"_s, Box::Bare);
-    else
-        Route(command);
+    enableForMode();
+    enableListBar();
 }
 
 frmMain::Handlers frmMain::handlers()
@@ -140,6 +74,10 @@ frmMain::Handlers frmMain::handlers()
         {u"ID_Help_Index"_s, [](frmMain& m) { ShowHelp(m.program); }},
         {u"ID_Help_Info"_s, [](frmMain& m) { ShowReadme(m.program); }},
         {u"ID_Help_About"_s, [](frmMain& m) { m.showAbout(); }},
+        {u"ID_DB_Open"_s, [](frmMain& m) { m.OpenExternalDB(); }},
+        {u"ID_DB_OpenLocal"_s, [](frmMain& m) { m.OpenLocalDB(); }},
+        {u"ID_ToolbarEditChange"_s, [](frmMain& m) { m.changeShortcut(); }},
+        {u"ID_ToolbarEditDel"_s, [](frmMain& m) { m.deleteShortcut(); }},
         {u"ID_Drive_Insert"_s, [](frmMain& m) { m.cmdInsert(); }},
         {u"ID_Drive_Eject"_s, [](frmMain& m) { m.cmdEject(); }},
     };
@@ -162,6 +100,7 @@ void frmMain::openCatalogue(const CatalogueKind& kind, qint64 key)
 {
     Guarded("frmMain, OpenCatalogue()"_L1, [&] {
         ResetDiscSigns();
+        if (!externalHas(kind)) return;
         OpenCatalogue(program, kind, nullptr, key);
         if (!program.shared.ExternalDBOpen) LoadData();
     });
@@ -173,7 +112,7 @@ void frmMain::addDisc(const CatalogueKind& kind)
         ResetDiscSigns();
         if (const std::optional<qint64> added = AddDisc(program, kind))
             openCatalogue(kind, *added);
-        else
+        else if (!program.shared.ExternalDBOpen)
             LoadData();
     });
 }

@@ -54,6 +54,7 @@ void frmMain::CheckDue()
 void frmMain::CheckCD()
 {
     ResetDiscSigns();
+    if (program.shared.ExternalDBOpen) return; // its discs are not ours
     const Profile settings = program.settings();
     if (!settings.has(u"Option", u"CheckCD")) return;
     const bool watching = settings.number(u"Option", u"CheckCD", 2) == 1;
@@ -121,7 +122,7 @@ void frmMain::LoadDefaultCD()
         ID_DB_DefaultCDDVDROM->addItem(drive->root());
         ID_DB_DefaultCDDVDROM->setItemData(ID_DB_DefaultCDDVDROM->count() - 1, drive->description(), Qt::ToolTipRole);
     }
-    ID_DB_DefaultCDDVDROM->setEnabled(ID_DB_DefaultCDDVDROM->count() > 0);
+    enableForMode();
     const int stored = ID_DB_DefaultCDDVDROM->findText(DefaultDrive(program).left(3), Qt::MatchFixedString);
     ID_DB_DefaultCDDVDROM->setCurrentIndex(qMax(0, stored));
     showDrive();
@@ -145,11 +146,15 @@ void frmMain::showDrive()
 void frmMain::showDrive(const DriveGlance& seen, const QString& chosen)
 {
     const QString image = program.drives.virtualDrive().imagePath();
-    DriveSight sight{.root = {}, .chosen = chosen, .description = {}, .image = {}, .volume = seen.volume, .kind = {}};
+    DriveSight sight{
+        .root = {}, .chosen = chosen, .description = {}, .image = {}, .volume = seen.volume, .size = {}, .kind = {}};
     if (seen.drive) {
         sight.root = seen.drive->root();
         sight.description = seen.drive->description();
-        if (seen.drive->isVirtual()) sight.image = image;
+        if (seen.drive->isVirtual()) {
+            sight.image = image;
+            sight.size = program.drives.virtualDrive().size();
+        }
     }
     if (const CatalogueKind* kind = CatalogueByKindWord(seen.disc.kind)) sight.kind = kind->mediumCaption;
     sight.undecided = !tmrCheckCD->enabled() && !program.settings().has(u"Option", u"CheckCD");

@@ -165,7 +165,15 @@ bool ListBar::eventFilter(QObject* watched, QEvent* event)
     Group* group = groupOf(watched);
     auto* row = qobject_cast<QWidget*>(watched);
     if (!group || !row) return QScrollArea::eventFilter(watched, event);
-    if (event->type() == QEvent::KeyPress) return handleKey(row, static_cast<QKeyEvent*>(event)->key());
+    if (event->type() == QEvent::KeyPress) {
+        const auto* pressed = static_cast<QKeyEvent*>(event);
+        if (pressed->keyCombination() != (Qt::SHIFT | Qt::Key_F10)) return handleKey(row, pressed->key());
+        // As the menu key, for which the system makes this event.
+        const QPoint middle = row->rect().center();
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, middle, row->mapToGlobal(middle));
+        contextMenuEvent(&asked);
+        return true;
+    }
     if (event->type() == QEvent::FocusIn) {
         ensureWidgetVisible(row, 0, row->height());
         if (row != group->caption) giveTabStop(*group, row);
