@@ -16,37 +16,18 @@ protected:
     Database main() { return program.mainDatabase(); }
 };
 
-TEST_F(Ledger, TheBorrowerIsWhoHasTheDiscNow)
-{
-    ShelfDisc disc = shelf.computer(1, "Диск").lent("Иванов", "2003-01-02", "2003-02-01").lent("Петрова", "2003-05-09");
-    shelf.audio(1, "Той же цифры ключ").lent("Сидоров", "2003-05-09");
-    EXPECT_EQ(BorrowerOf(main(), Computer(), disc.key()), "Петрова");
-    EXPECT_FALSE(IssueDisc(main(), Computer(), disc.key(), shelf.borrower("Иванов"), {}));
-
-    TakeBack(main(), Computer(), disc.key(), clock.today());
-    EXPECT_EQ(BorrowerOf(main(), Computer(), disc.key()), "");
-    EXPECT_EQ(rows("SELECT Категория, Долг, ДатаВозвратаРеальная FROM Должники WHERE ДатаВыдачи = \"2003-05-09\""),
-              "PC | 0 | 2003-11-14\nAD | -1 | Null\n");
-
-    EXPECT_TRUE(IssueDisc(main(), Computer(), disc.key(), shelf.borrower("Иванов"), QDate(2003, 12, 1)));
-    EXPECT_EQ(rows("SELECT ДатаВыдачи, ДатаВозврата, ДатаВозвратаРеальная FROM Должники WHERE Долг = True AND "
-                   "Категория = \"PC\""),
-              "2003-11-14 | 2003-12-01 | Null\n");
-    EXPECT_TRUE(ChangeTerm(main(), Computer(), disc.key(), {}));
-    EXPECT_FALSE(ChangeTerm(main(), Dvd(), disc.key(), {}));
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM Должники WHERE Долг = True AND ДатаВозврата IS NULL").trimmed(), "2");
-}
-
 TEST_F(Ledger, AMarkWithoutAnOpenLoanGoesWithTheReturn)
 {
     const qint64 marked = shelf.computer(2, "Без записи в книге").set("Должник", true).key();
     EXPECT_EQ(BorrowerOf(main(), Computer(), marked), "");
     TakeBack(main(), Computer(), marked, clock.today());
     EXPECT_EQ(rows("SELECT Должник FROM Компьютер"), "0\n");
+    EXPECT_TRUE(IssueDisc(main(), Computer(), marked, shelf.borrower("Иванов"), {}));
+    EXPECT_FALSE(IssueDisc(main(), Computer(), marked, shelf.borrower("Петрова"), {})) << "it is out already";
 
     // A return that looks at the newest loan dates it anew, one that looks at open ones leaves it.
     ShelfDisc disc = shelf.audio(3, "Вернулся").lent("Иванов", "2003-01-02", "2003-02-01");
-    const QString day = "SELECT ДатаВозвратаРеальная FROM Должники";
+    const QString day = "SELECT ДатаВозвратаРеальная FROM Должники WHERE Категория = 'AD'";
     EXPECT_EQ(CloseLoan(main(), Audio(), disc.key(), clock.today(), Closes::NewestOpen), "");
     EXPECT_EQ(rows(day), "2003-02-01\n");
     EXPECT_EQ(CloseLoan(main(), Audio(), disc.key(), clock.today()), "Иванов");
@@ -107,15 +88,14 @@ protected:
         const CommandScope command(engine);
         if (discs.size() < 4 || below(12) == 0) return addDisc();
         Disc& disc = discs[below(discs.size())];
-        switch (below(14)) {
+        switch (below(13)) {
         case 0: return changeTerm(disc);
         case 1: return removeDisc(disc);
         case 2: return removeBorrower(name());
         case 3: return renumber(disc);
         case 4: return moveNumbers(*disc.kind, disc.number);
-        case 5: return swap(disc, discs[below(discs.size())]);
-        case 6: return clock.pass(below(30));
-        case 7: return engine.ReleaseAll(); // what the next step finds is what the files hold
+        case 5: return clock.pass(below(30));
+        case 6: return engine.ReleaseAll(); // what the next step finds is what the files hold
         default: return openLoan(disc) ? takeBack(disc) : issue(disc);
         }
     }
@@ -169,12 +149,6 @@ protected:
         EXPECT_TRUE(MoveNumbers(program, kind, from));
         for (Disc& disc : discs)
             if (disc.kind == &kind && disc.number >= start) ++disc.number;
-    }
-    void swap(Disc& one, Disc& other)
-    {
-        if (one.kind != other.kind) return;
-        SwapNumbers(program, *one.kind, numbered(one), numbered(other));
-        std::swap(one.number, other.number);
     }
 
     void compareMarks()
@@ -259,6 +233,6 @@ TEST_F(LedgerLife, LedgerMarksCountersAndRatingsAgreeAfterWhateverIsDone)
         compareCounters();
         compareRatings();
     }
-    EXPECT_GT(loans.size(), 20);
+    EXPECT_GT(loans.size(), 10) << "a life without loans proves nothing";
 }
 }
