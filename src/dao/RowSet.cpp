@@ -35,7 +35,7 @@ QString tableName(QStringView nameOrSelect)
     const QStringView name = nameOrSelect.trimmed();
     if (name.startsWith(u'[') && name.endsWith(u']')) return name.sliced(1, name.size() - 2).toString();
     const bool statement = std::any_of(name.begin(), name.end(), [](QChar c) { return c.isSpace(); }) &&
-                           name.first(6).compare(u"SELECT", Qt::CaseInsensitive) == 0;
+                           name.startsWith(u"SELECT", Qt::CaseInsensitive);
     return statement ? QString() : name.toString();
 }
 

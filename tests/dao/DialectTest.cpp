@@ -36,7 +36,8 @@ TEST_F(Dialect, NamesInAnyCaseAndInBracketsAreTheRealOnes)
     EXPECT_EQ(all(db, u"select count(*) from аудио;"), "3");
     EXPECT_EQ(errorOf([&] { numbers(u"Нечто = 1"); }), DaoErrorNumber::NoSuchParameter);
     EXPECT_EQ(errorOf([&] { db.OpenRecordset(u"SELECT * FROM Нечто"); }), DaoErrorNumber::TableNotFound);
-    EXPECT_EQ(errorOf([&] { db.OpenRecordset(u"sqlite_schema"); }), DaoErrorNumber::TableNotFound);
+    for (const auto name : {u"sqlite_schema", u"a b"})
+        EXPECT_EQ(errorOf([&] { db.OpenRecordset(name); }), DaoErrorNumber::TableNotFound);
 }
 
 TEST_F(Dialect, ATableNameMayBeginWithADigitOrBeANumber)
