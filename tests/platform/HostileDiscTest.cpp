@@ -37,6 +37,18 @@ TEST_F(HostileDisc, FolderThatHoldsItselfIsNotShownTwice)
     EXPECT_EQ(printTree(*openBytes(udf)), Tree{"\\a\\"});
 }
 
+TEST_F(HostileDisc, TableShorterThanItsTrailerIsNone)
+{
+    QByteArray udf = Image(Image::virtualOld, 2048).build(Image::folder({}, {}));
+    const qsizetype entry = udf.size() - 2048, partition = 400; // the table's is the last one
+    char* const bytes = udf.data() + entry;
+    const qsizetype table = (partition + qFromLittleEndian<quint32>(bytes + 180)) * 2048;
+    for (const int length : {56, 176}) qToLittleEndian(quint32(35), bytes + length);
+    udf.replace(table, 22, "*UDF Virtual Alloc Tbl");
+    Image::reseal(udf, {entry});
+    EXPECT_THROW(openBytes(udf), DiscError);
+}
+
 /// Folders told by their places alone; each holds a file that is as large as its place.
 class Places : public FolderTree {
 public:

@@ -240,7 +240,7 @@ std::optional<QByteArray> VirtualTable::tableOf(const QByteArray& bytes, quint8 
     }
     constexpr int trailer = 36;
     const qint64 end = bytes.size() - trailer;
-    if (!fields.part(end + 1, 23).startsWith("*UDF Virtual Alloc Tbl")) return std::nullopt;
+    if (end < 0 || !fields.part(end + 1, 23).startsWith("*UDF Virtual Alloc Tbl")) return std::nullopt;
     return bytes.first(end);
 }
 
