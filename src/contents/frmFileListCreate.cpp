@@ -88,7 +88,7 @@ void frmFileListCreate::file(qsizetype index, const QString& name)
 void frmFileListCreate::readingError(const RuntimeError& error)
 {
     // A scratch fails many times in one way: what the first time says is worth keeping.
-    if (errors++ == 0) LogFault(program, "frmFileListCreate, CreateFileList()"_L1, error);
+    if (errors++ == 0) LogFaultIfPossible(program, "frmFileListCreate, CreateFileList()"_L1, error);
     MsgBox(u"Ошибка чтения диска! Некоторые файлы не будут добавлены в список."_s);
     if (!drive.volume().success) return stop();
     if (errors % ErrorsBetweenQuestions == 0 && !Ask(u"Диск читается с ошибками. Продолжить сканирование?"_s)) stop();
