@@ -194,7 +194,11 @@ void frmOption::cmdOK()
         for (const InformerRow* informer : m_informers) informer->save(settings);
         settings.write(Section, u"Drive", cmbDrive->currentText());
         settings.write(Section, u"ServerCDDB", QString::number(cmbServer->currentIndex()));
-        settings.write(Section, u"ServerTimeout", txtTimeout->text());
+        // One file holds them all, so the last one tells for all.
+        if (!settings.write(Section, u"ServerTimeout", txtTimeout->text())) {
+            MsgBox(u"Параметры не сохранены: файл '%1' недоступен для записи!"_s.arg(settings.path()));
+            return;
+        }
         if (!chSaveSortedCatalogue->isChecked()) ForgetCatalogueOrders(settings);
         if (!chSaveSortedDueList->isChecked()) ForgetDueOrder(settings);
         Unload();

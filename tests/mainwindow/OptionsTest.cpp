@@ -101,6 +101,16 @@ TEST_F(Options, KeepsWhatWasSetAndWritesNothingOnCancel)
     EXPECT_EQ(settingsText(), before);
 }
 
+TEST_F(Options, SaysThatNothingWasKeptAndStays)
+{
+    makeFolder("vinora.ini");
+    run<frmOption>([&]() -> Script {
+        expectBox(u"Параметры не сохранены: файл '%1' недоступен для записи!"_s.arg(path("vinora.ini")), 48);
+        co_await click("imgButton_0");
+        co_await key(Qt::Key_Escape);
+    });
+}
+
 TEST_F(Options, IndicatorsAndTheTimeOutAnswerToTheirControls)
 {
     setOption(u"ServerCDDB"_s, u"7"_s);
