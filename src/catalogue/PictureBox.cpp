@@ -14,6 +14,7 @@
 #include <QPromise>
 #include <QThreadPool>
 #include <memory>
+#include <new>
 
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent)
 {
@@ -54,7 +55,13 @@ void PictureBox::read()
     reading->start();
     m_reader.setFuture(reading->future());
     QThreadPool::globalInstance()->start([reading, path = m_path, physical] {
-        reading->addResult(LoadCover(path, physical));
+        QImage picture;
+        try {
+            picture = LoadCover(path, physical);
+        } catch (const std::bad_alloc&) {
+            // Beyond the thread it would end the program: a picture too large to be read is not read.
+        }
+        reading->addResult(picture);
         reading->finish();
     });
 }
