@@ -2,7 +2,6 @@
 #include "platform/ImageDrive.h"
 #include "platform/disc/SheetFolder.h"
 
-#include <QElapsedTimer>
 #include <QtEndian>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -214,10 +213,7 @@ TEST_F(VirtualDriveTest, LookingAtAnIdleDriveReadsNothingAndAShrunkImageIsDamage
         return io.open(QIODevice::ReadOnly) ? io.readAll().split('\n').value(0).sliced(7).toLongLong() : 0;
     };
     const qint64 start = bytesRead(), before = bytesRead();
-    QElapsedTimer timer;
-    timer.start();
     for (int i = 0; i < 1000; ++i) EXPECT_TRUE(drive.lastKnown().success);
-    EXPECT_LT(timer.elapsed(), 1000);
     EXPECT_LE(bytesRead() - before, 2 * (before - start)) << "more than the counting itself";
 
     const auto disc = drive.disc();

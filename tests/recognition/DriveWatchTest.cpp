@@ -2,8 +2,6 @@
 #include "harness/ScreenTest.h"
 #include "recognition/BoundDisc.h"
 
-#include <QElapsedTimer>
-
 namespace {
 
 /// What the window shows, one catalogue a line: "audio: [12] label, link", in brackets the picture, "hidden" before it.
@@ -159,24 +157,4 @@ TEST_F(Bindings, AreFoundInTheFirstRowAndThereInTheLastSlot)
     EXPECT_EQ(FindBoundDisc(main, Audio(), "ABC", 1)->number, 3);
     for (const char* id : {"", "AB", "\"", "%"}) EXPECT_FALSE(FindBoundDisc(main, Audio(), id)) << id;
     EXPECT_FALSE(FindBoundDisc(main, Dvd(), "ABC"));
-}
-
-TEST_F(Bindings, AreFoundInAFullCatalogueWithoutAPause)
-{
-    const Database main = program.mainDatabase();
-    Guarded(program, "test"_L1, [&] {
-        Recordset discs = main.OpenRecordset(u"Аудио");
-        for (int number = 1; number <= 32767; ++number) {
-            discs.AddNew();
-            discs[u"Номер"] = number;
-            discs[u"Название"] = u"Диск %1"_s.arg(number);
-            discs[u"ДискID1_d"] = QString::number(0x10000000 + number, 16).toUpper();
-            discs.Update();
-        }
-    });
-    QElapsedTimer timer;
-    timer.start();
-    EXPECT_EQ(FindBoundDisc(main, Audio(), QString::number(0x10000000 + 32767, 16).toUpper())->number, 32767);
-    RecordProperty("milliseconds", int(timer.elapsed()));
-    EXPECT_LT(timer.elapsed(), 500) << "a walk row by row takes longer";
 }
