@@ -142,7 +142,8 @@ void DeviceDrive::learn()
         auto disc = std::make_shared<MediumDisc>(contents, data ? std::make_shared<Sectors>(m_access) : nullptr);
         const VolumeProperties volume = disc->volume();
         publish(disc->readable() ? disc : nullptr, volume);
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
+        // Nothing may leave the thread: what cannot be read, for want of memory too, is no medium.
         publish(nullptr, {});
     }
 }
