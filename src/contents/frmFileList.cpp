@@ -119,9 +119,8 @@ bool frmFileList::BuildTree()
         if (nodes.isEmpty()) nodes.append({u"Файлов нет!"_s, -1, false});
         tree.setNodes(nodes);
     } catch (const RuntimeError&) {
-        setEnabledByTag(u"CommentDir", false);
-        setEnabledByTag(u"CommentFile", false);
         sayNoList(u"Список файлов не читается.\nВставьте диск и нажмите «Пересоздать»."_s);
+        showNoList();
         MsgBox(u"ВНИМАНИЕ!\r\rПроизошла ошибка при создании списка файлов! Необходимо повторно произвести сканирование "
                u"диска."_s);
         return false;

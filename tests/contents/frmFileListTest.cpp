@@ -198,6 +198,7 @@ TEST_F(FileList, AListThatCannotBeReadIsToldAndAnEmptyOneSaysSo)
                   48);
         browse([&]() -> Script {
             EXPECT_FALSE(visible("trView") || enabled("txtCommentDir"));
+            EXPECT_EQ(shown("lblCDSpace_0"), "~0 Мб");
             EXPECT_EQ(focus(), "imgButton_3");
             co_return;
         });
