@@ -12,6 +12,7 @@
 
 namespace {
 constexpr int longestWord = 12;
+constexpr int identifierFact = 1; ///< the one to copy: the breaks in names of files would go along
 
 QString disc(const DriveSight& sight)
 {
@@ -96,7 +97,7 @@ QWidget* DriveCard::facts()
         QLabel*& fact = lblDriveFact[size_t(i)] = new QLabel;
         fact->setObjectName(u"lblDriveFact_%1"_s.arg(i));
         fact->setTextFormat(Qt::PlainText);
-        fact->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        if (i == identifierFact) fact->setTextInteractionFlags(Qt::TextSelectableByMouse);
         fact->setWordWrap(true);
         table->addWidget(lettered(label(captions[size_t(i)], fact), Lettering::Caption), i, 0, Qt::AlignTop);
         table->addWidget(fact, i, 1);
