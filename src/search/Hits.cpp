@@ -25,10 +25,10 @@ void ListHits::add(std::string_view name, std::string_view path)
     m_rows.push_back(row);
 }
 
-void ListHits::shrink()
+void ListHits::clear()
 {
-    m_rows.shrink_to_fit();
-    m_texts.shrink_to_fit();
+    m_rows.clear();
+    m_texts.clear();
 }
 
 Hits::Hits(std::vector<ListedDisc> discs) : m_discs(std::move(discs)), m_lists(m_discs.size()) {}

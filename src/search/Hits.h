@@ -25,7 +25,7 @@ public:
     std::size_t size() const { return m_rows.size(); }
     std::string_view name(std::size_t row) const { return part(m_rows[row].name, m_rows[row].nameSize); }
     std::string_view path(std::size_t row) const { return part(m_rows[row].path, m_rows[row].pathSize); }
-    void shrink();
+    void clear(); ///< keeps its room
 
 private:
     struct Row {

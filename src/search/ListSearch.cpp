@@ -110,7 +110,8 @@ struct ListSearch::Walk {
 
 private:
     void readLists(TableReader& reader, const std::function<void()>& wake);
-    void readList(TableReader& reader, List& list) const;
+    /// `hits` is the reader's own, whose room lasts from list to list; the list gets a copy of just its size.
+    void readList(TableReader& reader, ListHits& hits, List& list) const;
     bool matches(std::string_view text) const;
     /// Whether there are hits to be taken now, and are the first ones.
     bool finish(List& list);
@@ -123,16 +124,17 @@ bool ListSearch::Walk::matches(std::string_view text) const
     return wholeWord ? CompareText(text, sought) == 0 : pattern.matches(text);
 }
 
-void ListSearch::Walk::readList(TableReader& reader, List& list) const
+void ListSearch::Walk::readList(TableReader& reader, ListHits& hits, List& list) const
 {
+    hits.clear();
     const auto take = [&](std::span<const std::string_view> texts) {
         if (!matches(texts[0])) return;
         const std::string_view path = texts.size() > 2 ? texts[2] : std::string_view();
-        if (ofKind(kind, texts[1], path)) list.hits.add(texts[1], path);
+        if (ofKind(kind, texts[1], path)) hits.add(texts[1], path);
     };
     try {
         if (!reader.readTexts(list.name, fields, take)) {
-            list.hits = {};
+            hits.clear();
             std::array<std::string_view, 3> texts;
             reader.read(list.name, selection, [&](const TableReader::Row& row) {
                 for (std::size_t i = 0; i < fields.size(); ++i) texts[i] = row.text(int(i));
@@ -142,7 +144,7 @@ void ListSearch::Walk::readList(TableReader& reader, List& list) const
     } catch (const RuntimeError& error) {
         list.error = error;
     }
-    list.hits.shrink();
+    if (hits.size() > 0) list.hits = hits;
 }
 
 bool ListSearch::Walk::finish(List& list)
@@ -156,10 +158,11 @@ bool ListSearch::Walk::finish(List& list)
 
 void ListSearch::Walk::readLists(TableReader& reader, const std::function<void()>& wake)
 {
+    ListHits hits;
     for (;;) {
         const std::size_t mine = next++;
         if (stopped || mine >= lists.size()) return;
-        readList(reader, lists[mine]);
+        readList(reader, hits, lists[mine]);
         if (stopped) return; // the list was read in part
         if (finish(lists[mine])) wake();
     }

@@ -51,7 +51,7 @@ frmDBFind::frmDBFind(Program& program, const QString& category) : Screen(program
     lblNoHits->setEnabled(false);
     lblNoHits->setText(u"Введите текст и нажмите «Найти».\n"
                        u"* заменяет любые буквы, ? — одну, # — цифру."_s);
-    for (QLabel* small : {lblProgress, txtNoFile}) lettered(small, Lettering::Caption);
+    for (ElidedLabel* small : {lblProgress, txtNoFile}) lettered(small, Lettering::Caption);
     lvFind->setAccessibleName(u"Результат поиска"_s);
     lvFind->setMinimumHeight(fontMetrics().height() * 10);
     prbDiscs->setTextVisible(false);
@@ -90,8 +90,12 @@ void frmDBFind::buildLayout()
     prbDiscs->setSizePolicy(place);
     prbDiscs->setFixedWidth(fontMetrics().averageCharWidth() * 20);
 
-    QBoxLayout* page = column(sought, row(lblResult, stretch, lblProgress, prbDiscs), lvFind,
-                              row(txtNoFile, stretch, imgButton[0]));
+    lblProgress->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QBoxLayout* state = row(lblResult, lblProgress, prbDiscs);
+    state->setStretch(1, 1);
+    QBoxLayout* hint = row(txtNoFile, imgButton[0]);
+    hint->setStretch(0, 1);
+    QBoxLayout* page = column(sought, state, lvFind, hint);
     page->setStretch(2, 1);
     setLayout(page);
     resize(fontMetrics().averageCharWidth() * 120, fontMetrics().height() * 34);

@@ -3,6 +3,7 @@
 #include "frame/Screen.h"
 #include "search/HitList.h"
 #include "search/ListSearch.h"
+#include "ui/ElidedLabel.h"
 #include "ui/ImageButton.h"
 
 #include <QCheckBox>
@@ -29,8 +30,8 @@ public:
     HitList* lvFind = named("lvFind");
     QLabel* lblNoHits = named("lblNoHits"); ///< in place of an empty list
     QProgressBar* prbDiscs = named("prbDiscs");
-    QLabel* lblProgress = named("lblProgress");
-    QLabel* txtNoFile = named("txtNoFile");                          ///< whose number the current row shows
+    ElidedLabel* lblProgress = named("lblProgress");
+    ElidedLabel* txtNoFile = named("txtNoFile");                     ///< whose number the current row shows
     std::array<ImageButton*, 3> imgButton = namedArray("imgButton"); ///< close; search or stop; clear
 
 protected:
