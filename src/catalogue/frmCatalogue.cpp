@@ -15,7 +15,9 @@ frmCatalogue::frmCatalogue(Program& program, const CatalogueKind& kind)
       m_due(new Blinker({imgDue, lblDue}, this))
 {
     dcDatabase->setObjectName(u"dcDatabase"_s);
-    const auto date = [](const Value& value) { return FormatDate(value.date(), u"dd-MMM-yyyy"_s); };
+    const auto date = [](const Value& value) {
+        return FormatDate(value.date(), u"dd-MMM-yyyy"_s).remove(u'.'); // months are cut short by a point in Russian
+    };
     dcDatabase->bind(txtNumber, u"Номер"_s);
     dcDatabase->bind(txtName, u"Название"_s);
     dcDatabase->bind(txtYear, u"Год"_s);

@@ -32,7 +32,7 @@ QLayout* frmCatalogue::detailSide(const OwnFields& own)
     first->setStretchFactor(txtYear, 3);
     first->setStretchFactor(txtCDs, 2);
     auto* dates = row(txtDateAdd, label(u"&Изменен:"_s, txtDateUpdate), txtDateUpdate);
-    for (QLineEdit* box : {txtDateAdd, txtDateUpdate}) keepRoomFor(box, u"28-сент.-2000"_s);
+    for (QLineEdit* box : {txtDateAdd, txtDateUpdate}) keepRoomFor(box, u"28-сент-2000"_s);
     keepRoomFor(txtName, QString(32, u'о'));
     keepRoomFor(cmbDictionary, QString(16, u'о')); // and not for the longest name of the dictionary
     auto* common = grid({

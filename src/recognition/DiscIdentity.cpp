@@ -82,9 +82,10 @@ DriveGlance GlanceAt(const Program& program, const QString& drive)
     return glance;
 }
 
-QString AskCategory(Program& program, const QString& id)
+QString AskCategory(Program& program, const QString& id, const QString& kindWord)
 {
-    int choice = 0;
+    const CatalogueKind* known = CatalogueByKindWord(kindWord);
+    int choice = known ? int(CatalogueIndex(*known)) : 0;
     for (bool refused = true; refused;) {
         frmSelectCategory dialog(program);
         dialog.lblTrabl->setText(
@@ -113,13 +114,13 @@ bool ChangeCategory(Program& program, const QString& drive, const std::function<
             u"определить ее верно в автоматическом режиме! Продолжить?"_s))
         return false;
     stopWatch();
-    const QString id = GetDiskID(program, drive);
-    if (id.isEmpty()) {
+    const DiscInDrive disc = ReadDisc(program, drive);
+    if (disc.id.isEmpty()) {
         program.dialogs.MsgBox(u"В устройстве %1 компакт-диск не обнаружен!"_s.arg(drive));
         return false;
     }
-    program.shared.CurrentDiscID = id;
-    writeSkipCD(program, id, Ignored);
-    AskCategory(program, id);
+    program.shared.CurrentDiscID = disc.id;
+    writeSkipCD(program, disc.id, Ignored);
+    AskCategory(program, disc.id, disc.kind);
     return true;
 }

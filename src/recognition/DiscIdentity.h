@@ -37,8 +37,8 @@ struct DriveGlance {
 DriveGlance GlanceAt(const Program& program, const QString& drive);
 
 /// Asks the user which category the disc belongs to and stores the answer in skipcd.ini, or for this run where the file
-/// cannot be written. Kind word, empty for none.
-QString AskCategory(Program& program, const QString& id);
+/// cannot be written. `kindWord` is the category offered, as far as one is known. Kind word, empty for none.
+QString AskCategory(Program& program, const QString& id, const QString& kindWord = {});
 /// The command that corrects a category by hand: true when the category was asked for, and the watch is to start again.
 /// `stopWatch` runs once the user has agreed; without a disc in the drive the watch stays stopped.
 bool ChangeCategory(Program& program, const QString& drive, const std::function<void()>& stopWatch);

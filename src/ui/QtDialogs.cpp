@@ -8,10 +8,12 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QHeaderView>
 #include <QIdentityProxyModel>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
+#include <QTreeView>
 
 BoxLook LookOfBox(int told)
 {
@@ -121,6 +123,7 @@ public:
     {
         setOption(DontUseNativeDialog);
         setProxyModel(new FileRows(this));
+        resize(fontMetrics().averageCharWidth() * 120, fontMetrics().height() * 30);
     }
 
     QString choose()
@@ -132,6 +135,21 @@ public:
         if (m_owner.m_hooks.keepLastFolder)
             m_owner.m_hooks.keepLastFolder(fileMode() == Directory ? path : info.absolutePath());
         return QDir::cleanPath(path);
+    }
+
+protected:
+    /// The toolkit's own widths cut dates and the places at the side.
+    void showEvent(QShowEvent* event) override
+    {
+        QFileDialog::showEvent(event);
+        if (auto* places = findChild<QWidget*>(u"sidebar"_s))
+            places->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
+        const auto* files = findChild<QTreeView*>(u"treeView"_s);
+        if (!files) return;
+        QHeaderView& header = *files->header();
+        header.setStretchLastSection(false);
+        for (int column = 0; column < header.count(); ++column)
+            header.setSectionResizeMode(column, column == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
     }
 
 private:
