@@ -52,7 +52,7 @@ int main(int argc, char** argv)
     constexpr int Runs = 5;
     Figure scans, pauses, browsers, largest;
     for (int run = 0; run < Runs; ++run) {
-        DeleteList(files, main, {request.key, 1}, id);
+        DeleteList(files, main, Computer(), {request.key, 1}, id);
         CreateFileTable(files, main, id);
         program.shared.CurrentDiscID = id;
         CreateLinkDiskID(main, {request.key, 1}, id, false);
