@@ -42,7 +42,7 @@ void frmCatalogue::showCover()
 void frmCatalogue::allowCover(bool change, bool remove)
 {
     // A button that greys under the focus hands it to whatever comes next.
-    if (!remove && imgButton[std::size_t(kind.coverButton + 1)]->hasFocus()) imgBox->setFocus();
+    if (!remove && imgButton[std::size_t(kind.coverButton) + 1]->hasFocus()) imgBox->setFocus();
     allow(kind.coverButton, change);
     allow(kind.coverButton + 1, remove);
     imgBox->setAcceptDrops(change);
