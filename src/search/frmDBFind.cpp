@@ -121,7 +121,7 @@ void frmDBFind::followMode()
     optSearchMethod[1]->setEnabled(!tracks());
     chCommentOnly->setEnabled(!tracks());
     if (lvFind->hits().size() == 0) lvFind->setCaptions(captionsOf(query().kind));
-    if (activated()) Form_Activate();
+    if (activated()) openLists();
 }
 
 void frmDBFind::Form_Load()
@@ -130,8 +130,10 @@ void frmDBFind::Form_Load()
     txtSearchText->setFocus();
 }
 
+void frmDBFind::Form_Activate() { openLists(); }
+
 /// The database of the lists is opened while the text is being typed: with ten thousand of them that takes a moment.
-void frmDBFind::Form_Activate()
+void frmDBFind::openLists()
 {
     Guarded("frmDBFind, Form_Activate()"_L1, [&] { search(); });
 }

@@ -43,6 +43,7 @@ protected:
 private:
     void buildLayout();
     void followMode();
+    void openLists();
     void cmdSearch();
     void cmdClear();
     void lvFind_DblClick(int row);
