@@ -93,21 +93,9 @@ struct HitList::Sorting {
     }
 };
 
-HitList::HitList(QWidget* parent) : QTableView(parent), m_model(new Model(this))
+HitList::HitList(QWidget* parent) : RowTable(parent), m_model(new Model(this))
 {
     setModel(m_model);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    setShowGrid(false);
-    setWordWrap(false);
-    setCornerButtonEnabled(false);
-    setHorizontalScrollMode(ScrollPerPixel);
-    // Heights that are asked of the contents would read every row.
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->hide();
-    horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setStretchLastSection(false);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &HitList::clickColumn);
     setSortable(true);
@@ -193,13 +181,13 @@ void HitList::sizeColumns()
 
 void HitList::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QTableView::currentChanged(current, previous);
+    RowTable::currentChanged(current, previous);
     if (current.row() != previous.row()) emit currentRowChanged(current.row());
 }
 
 void HitList::changeEvent(QEvent* event)
 {
-    QTableView::changeEvent(event);
+    RowTable::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) sizeColumns();
 }
 
@@ -214,12 +202,12 @@ void HitList::keyPressEvent(QKeyEvent* event)
     else if (event->modifiers() == Qt::NoModifier && event->key() == Qt::Key_End && last >= 0)
         setCurrentRow(last);
     else
-        QTableView::keyPressEvent(event);
+        RowTable::keyPressEvent(event);
 }
 
 void HitList::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    QTableView::mouseDoubleClickEvent(event);
+    RowTable::mouseDoubleClickEvent(event);
     const QModelIndex index = indexAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton && index.isValid()) emit rowActivated(index.row());
 }

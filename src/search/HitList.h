@@ -1,14 +1,14 @@
 #pragma once
 
 #include "search/Hits.h"
+#include "ui/RowTable.h"
 
-#include <QTableView>
 #include <functional>
 #include <memory>
 
 /// Hits of a search in a table. A row is made into texts when it comes into view, so that a million of them scroll as
 /// fast as ten. A click on a caption sorts on a thread of its own; the rows keep their places meanwhile.
-class HitList : public QTableView {
+class HitList : public RowTable {
     Q_OBJECT
 public:
     explicit HitList(QWidget* parent = nullptr);

@@ -11,6 +11,7 @@ namespace {
 constexpr int PollInterval = 100; // ms
 
 const auto ResultCaption = u"Результат поиска:"_s;
+const auto OpeningHint = u"Введите текст и нажмите «Найти».\n* заменяет любые буквы, ? — одну, # — цифру."_s;
 constexpr auto DoFile = "frmDBFind, doFile()"_L1;
 
 QStringList captionsOf(ListQuery::Kind kind)
@@ -49,8 +50,7 @@ frmDBFind::frmDBFind(Program& program, const QString& category) : Screen(program
     lblResult->setText(ResultCaption);
     lblNoHits->setAlignment(Qt::AlignCenter);
     lblNoHits->setEnabled(false);
-    lblNoHits->setText(u"Введите текст и нажмите «Найти».\n"
-                       u"* заменяет любые буквы, ? — одну, # — цифру."_s);
+    lblNoHits->setText(OpeningHint);
     for (ElidedLabel* small : {lblProgress, txtNoFile}) lettered(small, Lettering::Caption);
     lvFind->setAccessibleName(u"Результат поиска"_s);
     lvFind->setMinimumHeight(fontMetrics().height() * 10);
@@ -227,6 +227,7 @@ void frmDBFind::finishWalk()
 {
     m_poll.stop();
     showRunning(false);
+    lblNoHits->setText(whyEmpty());
     if (lvFind->hits().size() > 0) {
         lvFind->setFocus();
         // Who has scrolled stays there.
@@ -235,6 +236,13 @@ void frmDBFind::finishWalk()
     }
     if (!m_stopped) MsgBox(nothingFound(m_query.kind));
     backToText();
+}
+
+/// Said in place of the hits of a walk that found none.
+QString frmDBFind::whyEmpty() const
+{
+    if (m_stopped) return u"Поиск остановлен"_s;
+    return m_discs.empty() ? u"Ни у одного диска каталога нет списка"_s : u"Ничего не найдено"_s;
 }
 
 void frmDBFind::backToText()
@@ -287,7 +295,6 @@ void frmDBFind::showRunning(bool running)
         showCount();
     } else {
         unsetCursor();
-        if (!m_discs.empty()) lblNoHits->setText(u"Ничего не найдено"_s);
     }
 }
 
@@ -300,6 +307,7 @@ void frmDBFind::cmdClear()
     lvFind->setHits({});
     txtSearchText->clear();
     txtNoFile->clear();
+    lblNoHits->setText(OpeningHint);
     followMode();
     showCount();
     txtSearchText->setFocus();

@@ -57,6 +57,7 @@ private:
     void showRunning(bool running);
     void showCount();
     void showProgress();
+    QString whyEmpty() const;
     void backToText();
 
     bool tracks() const;

@@ -119,21 +119,9 @@ private:
     mutable QCache<int, Page> m_pages{PagesKept};
 };
 
-DBGrid::DBGrid(QWidget* parent) : SteadyView(parent), m_model(new Model(this))
+DBGrid::DBGrid(QWidget* parent) : RowTable(parent), m_model(new Model(this))
 {
     setModel(m_model);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    setShowGrid(false);
-    setWordWrap(false);
-    setCornerButtonEnabled(false);
-    setHorizontalScrollMode(ScrollPerPixel);
-    // Heights that are asked of the contents would read every row.
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->hide();
-    horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
     sizeColumns();
 }
@@ -170,7 +158,7 @@ void DBGrid::setEmptyText(const QString& text)
 
 void DBGrid::paintEvent(QPaintEvent* event)
 {
-    QTableView::paintEvent(event);
+    RowTable::paintEvent(event);
     if (m_emptyText.isEmpty() || m_model->rowCount() > 0) return;
     const int margin = Theme::Inside;
     QPainter painter(viewport());
@@ -189,7 +177,7 @@ void DBGrid::followControl()
 
 void DBGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QTableView::currentChanged(current, previous);
+    RowTable::currentChanged(current, previous);
     if (!m_following && m_control && current.isValid() && current.row() != m_control->position())
         m_control->MoveTo(current.row());
 }
@@ -202,13 +190,13 @@ void DBGrid::sizeColumns()
 
 void DBGrid::changeEvent(QEvent* event)
 {
-    QTableView::changeEvent(event);
+    RowTable::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) sizeColumns();
 }
 
 void DBGrid::keyPressEvent(QKeyEvent* event)
 {
-    if (!handleKey(event)) QTableView::keyPressEvent(event);
+    if (!handleKey(event)) RowTable::keyPressEvent(event);
 }
 
 bool DBGrid::handleKey(QKeyEvent* event)
@@ -238,6 +226,6 @@ bool DBGrid::handleKey(QKeyEvent* event)
 
 void DBGrid::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    QTableView::mouseDoubleClickEvent(event);
+    RowTable::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid()) emit rowDoubleClicked();
 }

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "ui/DataControl.h"
-#include "ui/SteadyView.h"
+#include "ui/RowTable.h"
 
 #include <QIcon>
-#include <QTableView>
 
 /// A table of a DataControl's rows. Rows are read as they come into view, counts are exact, nothing is read in full. The
 /// current row of the grid and of the control are one. Nothing is edited in it. An error while rows are read for painting
 /// leaves them blank and is thrown from the event loop.
-class DBGrid : public SteadyView<QTableView> {
+class DBGrid : public RowTable {
     Q_OBJECT
 public:
     struct Column {

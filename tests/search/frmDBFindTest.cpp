@@ -113,6 +113,14 @@ TEST_F(DBFind, TracksHaveTheirOwnWordsAndNeitherFoldersNorComments)
             co_await select("cmbList", "треков");
             expectBox("Нет таких треков!", 48);
             co_await find("нет");
+            EXPECT_EQ(shown("lblNoHits"), "Ничего не найдено");
+            program.mainDatabase().Execute(u"UPDATE Компьютер SET ДискID1 = NULL, ДискID2 = NULL"_s);
+            co_await select("cmbList", "файлов/папок");
+            expectBox("Нет таких файлов!", 48);
+            co_await find("нет");
+            EXPECT_EQ(shown("lblNoHits"), "Ни у одного диска каталога нет списка");
+            co_await click("imgButton_2");
+            EXPECT_TRUE(shown("lblNoHits").startsWith("Введите текст"));
         },
         "AD");
 }
