@@ -12,21 +12,14 @@ constexpr int MostShortcuts = 1000; // keeps a damaged count from costing minute
 
 const auto Head = u"Query"_s; // section of the count
 
-int countOf(const Profile& queries) { return BoundedInt(queries.number(Head, u"Count", NameBuffer), 0, MostShortcuts); }
-
-QString nameOf(const Profile& queries, int number)
-{
-    return queries.read(QString::number(number), u"Name", NameBuffer).trimmed();
-}
-
 bool sameName(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
 
 /// 0 when there is none of that name.
 int numberOf(const Profile& queries, const QString& name)
 {
-    const int count = countOf(queries);
+    const int count = QueryCount(queries);
     for (int n = 1; n <= count; ++n)
-        if (sameName(nameOf(queries, n), name)) return n;
+        if (sameName(QueryNameAt(queries, n), name)) return n;
     return 0;
 }
 
@@ -41,6 +34,16 @@ QString unquoted(QString value)
 }
 
 } // namespace
+
+int QueryCount(const Profile& queries)
+{
+    return BoundedInt(queries.number(Head, u"Count", NameBuffer), 0, MostShortcuts);
+}
+
+QString QueryNameAt(const Profile& queries, int number)
+{
+    return queries.read(QString::number(number), u"Name", NameBuffer).trimmed();
+}
 
 QStringList QueryFields(const CatalogueKind& kind)
 {
@@ -94,7 +97,7 @@ QString QueryName(const QString& entered)
 
 QString NewQueryName(const Profile& queries)
 {
-    for (int n = countOf(queries) + 1;; ++n)
+    for (int n = QueryCount(queries) + 1;; ++n)
         if (const QString name = u"Запрос%1"_s.arg(n); !QueryNameTaken(queries, name)) return name;
 }
 
@@ -121,14 +124,14 @@ bool StoreQuery(const Profile& queries, const StoredQuery& query, const QString&
         kept = queries.write(section, key, value) && kept;
     };
     const bool added = number == 0;
-    if (added) number = countOf(queries) + 1;
-    if (!added && !sameName(replaced, query.name)) kept = queries.removeSection(replaced);
-    // The count last: a shortcut is there when all of it is.
+    if (added) number = QueryCount(queries) + 1;
+    // The count last: a shortcut is there when all of it is. The old name goes when the new one stands.
     write(QString::number(number), u"Name"_s, query.name);
     write(query.name, u"Num"_s, QString::number(number));
     write(query.name, u"Category"_s, query.category);
     for (int i = 0; i < Conditions; ++i)
         write(query.name, conditionKey(i), query.conditions[i] ? QueryFragment(*query.conditions[i]) : QString());
     if (added) write(Head, u"Count"_s, QString::number(number));
+    if (kept && !added && !sameName(replaced, query.name)) kept = queries.removeSection(replaced);
     return kept;
 }

@@ -25,6 +25,11 @@ struct QueryCondition {
     bool operator==(const QueryCondition&) const = default;
 };
 
+/// Number of shortcuts in the file, bounded: a damaged count costs no minutes.
+int QueryCount(const Profile& queries);
+/// Name of shortcut 1 to QueryCount(); empty where the file lacks it.
+QString QueryNameAt(const Profile& queries, int number);
+
 /// Fields that a shortcut on this catalogue can ask for: number, title, album where there are any, dictionary.
 QStringList QueryFields(const CatalogueKind& kind);
 /// "=" and "LIKE", and for the number "<" and ">".
