@@ -1,0 +1,57 @@
+#include "lending/DiscNumberScreen.h"
+
+#include "frame/Text.h"
+#include "ui/Icons.h"
+
+#include <algorithm>
+
+DiscNumberScreen::DiscNumberScreen(Program& program, const QString& screenName, const QString& title)
+    : Screen(program, screenName, title)
+{
+    for (std::size_t i = 0; i < optCategory.size(); ++i) {
+        const CatalogueKind& category = *AllCatalogues()[i];
+        optCategory[i]->setText(u'&' + category.mediumCaption); // their first letters differ
+        optCategory[i]->setIcon(catalogueIcon(category.icon, category.accent));
+        connect(optCategory[i], &QRadioButton::toggled, this, [this] { m_picked.reset(); });
+        // Arrow keys go on through the options all the same: they move the focus after the click.
+        connect(optCategory[i], &QRadioButton::clicked, txtNumber, [this] { txtNumber->setFocus(); });
+    }
+    optCategory[0]->setChecked(true);
+    txtNumber->setMaxLength(5);
+    txtNumber->setFixedWidth(fontMetrics().horizontalAdvance(u"0000000000"_s));
+    DigitKeys(txtNumber);
+    connect(txtNumber, &QLineEdit::textEdited, this, [this] { m_picked.reset(); });
+}
+
+void DiscNumberScreen::Form_Activate() { txtNumber->setFocus(); }
+
+const CatalogueKind& DiscNumberScreen::kind() const
+{
+    const auto chosen = std::ranges::find_if(optCategory, &QRadioButton::isChecked);
+    return *AllCatalogues()[std::size_t(chosen - optCategory.begin()) % optCategory.size()];
+}
+
+std::optional<NumberedDisc> DiscNumberScreen::namedDisc()
+{
+    const int number = DiscNumber(txtNumber->text());
+    if (number == 0) {
+        refuse(txtNumber, u"Указан не верный номер диска. Повторите ввод."_s);
+        return {};
+    }
+    const Database main = program.mainDatabase();
+    const auto disc = m_picked ? DiscWithKey(main, kind(), *m_picked) : DiscNumbered(main, kind(), number);
+    if (!disc) refuse(txtNumber, u"Диск № %1 отсутствует в каталоге."_s.arg(number));
+    return disc;
+}
+
+bool DiscNumberScreen::pickDisc(const QString& purpose)
+{
+    const auto choice = program.screens->PickDisc(*this, purpose + kind().code);
+    if (choice) {
+        txtNumber->setText(QString::number(choice->number));
+        m_picked = choice->key;
+    }
+    txtNumber->setFocus();
+    txtNumber->selectAll();
+    return choice.has_value();
+}

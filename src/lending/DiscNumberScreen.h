@@ -1,0 +1,29 @@
+#pragma once
+
+#include "frame/Screen.h"
+#include "store/NumberedDisc.h"
+
+#include <QRadioButton>
+
+/// A screen about one disc, which the user names by catalogue and number, or takes from the picker.
+class DiscNumberScreen : public Screen {
+public:
+    DiscNumberScreen(Program& program, const QString& screenName, const QString& title);
+
+    std::array<QRadioButton*, 3> optCategory = namedArray("optCategory"); ///< in the order of AllCatalogues()
+    QLineEdit* txtNumber = named("txtNumber");
+
+protected:
+    void Form_Activate() override;
+
+    const CatalogueKind& kind() const;
+    /// The disc that is named. None when there is no such one; the user has been told then.
+    std::optional<NumberedDisc> namedDisc();
+    /// Opens the picker on the chosen catalogue; `purpose` is the mode of Screens::PickDisc without its catalogue. The number
+    /// of what was picked stands in txtNumber then. False when the user gave up.
+    bool pickDisc(const QString& purpose);
+
+private:
+    /// Key of the disc that was picked, while its number stands in the box: numbers may be shared.
+    std::optional<qint64> m_picked;
+};
