@@ -32,7 +32,7 @@ void frmDue::Form_Load()
         if (const auto interval = BlinkInterval(program, u"tmrDueCatalogue")) m_due->setInterval(*interval);
         cmbCategory->addItem(QString());
         for (const CatalogueKind* kind : AllCatalogues()) cmbCategory->addItem(kind->mediumCaption);
-        txtDueName->addItems(BorrowerNames(program.mainDatabase(), NameOrder::Alphabet));
+        loadNames();
 
         const Profile settings = program.settings();
         const int order = int(settings.number(u"Sorted", u"DUEsorted"));
@@ -44,7 +44,9 @@ void frmDue::Form_Load()
     cmbSorted_Click();
 }
 
-void frmDue::Form_Activate()
+void frmDue::Form_Activate() { focusList(); }
+
+void frmDue::focusList()
 {
     if (dcDatabase->hasRow())
         dbGrid->setFocus();
@@ -63,6 +65,12 @@ void frmDue::Form_Unload()
         }
         dcDatabase->close();
     });
+}
+
+void frmDue::loadNames()
+{
+    txtDueName->clear();
+    txtDueName->addItems(BorrowerNames(program.mainDatabase(), NameOrder::Alphabet));
 }
 
 void frmDue::cmbSorted_Click()

@@ -53,6 +53,8 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     // Rows
+    void loadNames();
+    void focusList();
     void cmbSorted_Click();
     void cmbCategory_Click();
     void txtDueName_Click();
@@ -70,9 +72,11 @@ private:
 
     // Commands
     void rowDoubleClicked();
+    void lendAnother();
     void cmdDelete();
     void cmdChange();
     void cmdMakeChange_Click();
+    void ShowBorrowerStat();
 
     bool filtered() const { return !program.shared.CatalogueQueryFilter.isEmpty(); }
     QString borrower() const { return dcDatabase->value(u"Имя").text(); }

@@ -2,9 +2,21 @@
 #include "lending/Borrowers.h"
 #include "lending/Ledger.h"
 #include "lending/frmAddInDue.h"
+#include "lending/frmAddInDueFromMain.h"
 #include "lending/frmDue.h"
+#include "lending/frmDueStat.h"
 
 void frmDue::rowDoubleClicked() { imgButton[OptionIsOn(program, u"DblClickDue") ? 4 : 3]->click(); }
+
+void frmDue::lendAnother()
+{
+    Guarded("frmDue, imgButton_Click()"_L1, [&] {
+        frmAddInDueFromMain(program).ShowModal(this);
+        loadNames(); // somebody may have borrowed for the first time
+        dcDatabase->RefreshInPlace();
+        focusList();
+    });
+}
 
 void frmDue::cmdDelete()
 {
@@ -47,5 +59,15 @@ void frmDue::cmdMakeChange_Click()
         dcDatabase->RefreshInPlace();
         MsgBox(u"Телефон должника '%1' был успешно изменен."_s.arg(name), Box::Information);
         txtTelephone->selectAll();
+    });
+}
+
+void frmDue::ShowBorrowerStat()
+{
+    Guarded("frmDue, ShowBorrowerStat()"_L1, [&] {
+        frmDueStat statistics(program);
+        statistics.Load();
+        statistics.GoTo(dcDatabase->value(u"КодИмени").toLong());
+        statistics.ShowModal(this);
     });
 }

@@ -93,8 +93,10 @@ void frmDue::connectControls()
     connect(dbGrid, &DBGrid::deletePressed, this, [this] { imgButton[2]->click(); });
     connect(dbGrid, &DBGrid::insertPressed, this, [this] { imgButton[1]->click(); });
     connect(imgButton[0], &ImageButton::clicked, this, [this] { Unload(); });
+    connect(imgButton[1], &ImageButton::clicked, this, [this] { lendAnother(); });
     connect(imgButton[2], &ImageButton::clicked, this, [this] { cmdDelete(); });
     connect(imgButton[3], &ImageButton::clicked, this, [this] { cmdChange(); });
+    connect(imgButton[4], &ImageButton::clicked, this, [this] { ShowBorrowerStat(); });
     connect(imgButton[5], &ImageButton::clicked, this, [this] { ClearDueQuery(); });
 }
 

@@ -97,6 +97,12 @@ private:
     void showToolbarOptions();
     void showAbout();
     void showLoans();
+    void lendByNumber(const CatalogueKind* category);
+    /// A screen that changes nothing on the dashboard.
+    template<class S> void showScreen(QLatin1StringView place)
+    {
+        Guarded(place, [&] { S(program).ShowModal(); });
+    }
     void enableCommands();
 
     // List bar

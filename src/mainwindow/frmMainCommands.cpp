@@ -9,7 +9,11 @@
 #include "contents/frmFileList.h"
 #include "contents/frmTrackList.h"
 #include "lending/frmAddInDue.h"
+#include "lending/frmAddInDueFromMain.h"
+#include "lending/frmDiskHistory.h"
 #include "lending/frmDue.h"
+#include "lending/frmDueStat.h"
+#include "lending/frmEditDue.h"
 #include "mainwindow/HelpCommands.h"
 #include "recognition/DiscIdentity.h"
 #include "recognition/DiscImages.h"
@@ -24,10 +28,11 @@
 namespace {
 /// The screens that this program has besides those of the catalogues. What leads to others is disabled.
 const QStringList builtScreens{
-    u"frmAddInDue"_s,    u"frmDue"_s,       u"frmChangeNumber"_s,   u"frmEditDescription"_s,
-    u"frmEditGenre"_s,   u"frmEditStyle"_s, u"frmFileList"_s,       u"frmHelp"_s,
-    u"frmOption"_s,      u"frmSelectCD"_s,  u"frmSelectCategory"_s, u"frmToolbars"_s,
-    u"frmCreateQuery"_s, u"frmDBFind"_s,    u"frmTrackList"_s,      u"OpenExternalDB"_s,
+    u"frmAddInDue"_s,         u"frmDue"_s,         u"frmChangeNumber"_s,   u"frmEditDescription"_s,
+    u"frmEditGenre"_s,        u"frmEditStyle"_s,   u"frmFileList"_s,       u"frmHelp"_s,
+    u"frmOption"_s,           u"frmSelectCD"_s,    u"frmSelectCategory"_s, u"frmToolbars"_s,
+    u"frmCreateQuery"_s,      u"frmDBFind"_s,      u"frmTrackList"_s,      u"OpenExternalDB"_s,
+    u"frmAddInDueFromMain"_s, u"frmDiskHistory"_s, u"frmDueStat"_s,        u"frmEditDue"_s,
 };
 }
 
@@ -63,6 +68,13 @@ frmMain::Handlers frmMain::handlers()
         {u"ID_DB_EditDescription"_s, [](frmMain& m) { m.editDictionary(Computer()); }},
         {u"ID_DB_EditGenre"_s, [](frmMain& m) { m.editDictionary(Dvd()); }},
         {u"ID_Due_List"_s, [](frmMain& m) { m.showLoans(); }},
+        {u"ID_Due_DiskHistory"_s, [](frmMain& m) { m.showScreen<frmDiskHistory>("frmMain, ID_Due_DiskHistory()"_L1); }},
+        {u"ID_Due_Stat"_s, [](frmMain& m) { m.showScreen<frmDueStat>("frmMain, ID_Due_Stat()"_L1); }},
+        {u"ID_Due_EditNames"_s, [](frmMain& m) { m.showScreen<frmEditDue>("frmMain, ID_Due_EditNames()"_L1); }},
+        {u"ID_Due_Admin"_s, [](frmMain& m) { m.lendByNumber(nullptr); }},
+        {u"ID_QuickADNewDue"_s, [](frmMain& m) { m.lendByNumber(&Audio()); }},
+        {u"ID_QuickPCNewDue"_s, [](frmMain& m) { m.lendByNumber(&Computer()); }},
+        {u"ID_QuickDVDNewDue"_s, [](frmMain& m) { m.lendByNumber(&Dvd()); }},
         {u"ID_Quit"_s, [](frmMain& m) { m.close(); }},
         {u"ID_Panel"_s, [](frmMain& m) { m.showPanel(m.m_commands.action(u"ID_Panel")->isChecked()); }},
         {u"ID_DB_Option"_s, [](frmMain& m) { m.showOptions(); }},
@@ -147,6 +159,14 @@ void frmMain::showLoans()
 {
     Guarded("frmMain, ID_Due_List()"_L1, [&] {
         frmDue(program).ShowModal();
+        LoadData();
+    });
+}
+
+void frmMain::lendByNumber(const CatalogueKind* category)
+{
+    Guarded("frmMain, ID_Due_Admin()"_L1, [&] {
+        frmAddInDueFromMain(program, category).ShowModal();
         LoadData();
     });
 }
