@@ -9,9 +9,9 @@
 frmAddInDueFromMain::frmAddInDueFromMain(Program& program, const CatalogueKind* category)
     : DiscNumberScreen(program, u"frmAddInDueFromMain"_s, u"Управление должниками"_s)
 {
-    if (category) optCategory[CatalogueIndex(*category)]->setChecked(true);
     setUpControls();
-    build();
+    build(); // from here on the options exclude each other
+    if (category) optCategory[CatalogueIndex(*category)]->setChecked(true);
 }
 
 void frmAddInDueFromMain::setUpControls()
