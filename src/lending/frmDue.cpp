@@ -69,8 +69,10 @@ void frmDue::Form_Unload()
 
 void frmDue::loadNames()
 {
+    const QString shown = txtDueName->currentText(); // the list would show its first name in its place
     txtDueName->clear();
     txtDueName->addItems(BorrowerNames(program.mainDatabase(), NameOrder::Alphabet));
+    txtDueName->setEditText(shown);
 }
 
 void frmDue::cmbSorted_Click()
