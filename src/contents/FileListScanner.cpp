@@ -84,7 +84,10 @@ private:
         if (!(root ? rules.rootFiles : rules.folders) || rules.foldersOnly) return;
         for (qsizetype i = 0; i < level.files.size(); ++i) {
             const DiscEntry& file = level.files[i];
-            watcher.file(i, file.name);
+            if (!watcher.file(i, file.name)) {
+                running = false;
+                return;
+            }
             if (rules.filter && rules.filter->FindFileInFiltr(file.name)) continue;
             if (file.name.isEmpty() || file.name.size() > FieldLength::FileName)
                 throw DiscError(u"Недопустимое имя файла в папке «%1»."_s.arg(level.folder));

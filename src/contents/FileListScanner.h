@@ -45,7 +45,8 @@ public:
     /// The rows of a folder are being made: `count` files, of which `name` is number `index`, from 0 on. `progress` says
     /// how far the walk is by then.
     virtual void listing(const QString& folder, qsizetype count, const ScanProgress& progress) = 0;
-    virtual void file(qsizetype index, const QString& name) = 0;
+    /// False ends the folder with the rows that it has and visits no more subfolders; folders further up get their rows.
+    virtual bool file(qsizetype index, const QString& name) = 0;
     /// The disc could not be read. What is left of one folder is lost, the walk goes on.
     virtual void readingError(const RuntimeError& error) = 0;
 };

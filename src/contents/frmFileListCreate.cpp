@@ -74,15 +74,18 @@ void frmFileListCreate::listing(const QString& folder, qsizetype count, const Sc
     folderShown = (drive.root().left(2) + (root ? folder : folder.chopped(1))).toUpper();
     done = 0;
     toDo = int(count);
+    stoppedBefore = !working();
     ++folders;
 }
 
-void frmFileListCreate::file(qsizetype index, const QString& name)
+/// The files of the folders above are known already, so they still come, unless each would be a way of the drive's head.
+bool frmFileListCreate::file(qsizetype index, const QString& name)
 {
     fileShown = name.toLower();
     done = int(index) + 1;
     ++files;
     if (sinceShown.hasExpired(TurnMilliseconds)) showAndTurn();
+    return working() || (stoppedBefore && !options.infoMP3);
 }
 
 void frmFileListCreate::readingError(const RuntimeError& error)

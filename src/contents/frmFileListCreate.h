@@ -9,8 +9,8 @@
 #include <QElapsedTimer>
 #include <QProgressBar>
 
-/// Walks a disc into the list CurrentDiscID. Stopping it, or closing the window, breaks the walk off at the next folder;
-/// what is in the list stays. The drive watch pauses meanwhile.
+/// Walks a disc into the list CurrentDiscID. Stopping it, or closing the window, breaks the walk off at the next file or
+/// folder; what is in the list stays. The drive watch pauses meanwhile.
 class frmFileListCreate : public LongWork, private ScanWatcher {
 public:
     /// `disc` is the medium in `drive` that the list is named after.
@@ -33,7 +33,7 @@ private:
 
     bool entering(const QString& folder) override;
     void listing(const QString& folder, qsizetype count, const ScanProgress& progress) override;
-    void file(qsizetype index, const QString& name) override;
+    bool file(qsizetype index, const QString& name) override;
     void readingError(const RuntimeError& error) override;
     bool showAndTurn();
     void showProgress();
@@ -45,6 +45,7 @@ private:
     QString folderShown, fileShown;
     int done = 0, toDo = 0; ///< files of the folder
     ScanProgress progress;
+    bool stoppedBefore = false; ///< this folder was come to
     int folders = 0, files = 0;
     int errors = 0;
 };

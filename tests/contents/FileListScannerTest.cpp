@@ -13,6 +13,7 @@ struct Watcher : ScanWatcher {
     QStringList entered;
     int errors = 0;
     double reached = 0; ///< of the whole walk
+    QString last;       ///< file to be asked for
 
     bool entering(const QString& folder) override
     {
@@ -24,14 +25,14 @@ struct Watcher : ScanWatcher {
         EXPECT_GE(progress.walked, reached - 1e-9);
         reached = progress.walked + progress.share;
     }
-    void file(qsizetype, const QString&) override {}
+    bool file(qsizetype, const QString& name) override { return name != last; }
     void readingError(const RuntimeError&) override { ++errors; }
 };
 
 class FileListScanner : public testing::Test {
 protected:
     /// One line per row in the order of their making: folder, name ("." for the folder's own row), size, comment.
-    std::string scan(Disc& disc, const ScanRules& rules = {})
+    std::string scan(Disc& disc, const ScanRules& rules = {}, const QString& last = {})
     {
         QString text;
         const auto store = [&](const FileRow& row) {
@@ -40,6 +41,7 @@ protected:
             text += '\n';
         };
         watcher = {};
+        watcher.last = last;
         CreateFileList(disc, rules, store, watcher);
         return text.toStdString();
     }
@@ -83,6 +85,14 @@ TEST_F(FileListScanner, SubfoldersComeFirstAndFromTheLastAndRulesChooseRows)
     EXPECT_EQ(watcher.entered, (QStringList{"\\", "\\B\\", "\\A\\", "\\A\\X\\"})) << "visited all the same";
     EXPECT_NEAR(watcher.reached, 1, 1e-9);
     EXPECT_EQ(scan(*FakeDisc::data("EMPTY", 1)), "\\ . 0\n");
+}
+
+TEST_F(FileListScanner, StoppedAtAFileItKeepsTheRowsSoFarAndThoseOfTheFoldersAbove)
+{
+    const auto disc = shelf();
+    disc->file("\\A\\X\\end.zip", 1).file("\\A\\W\\w", 1);
+    EXPECT_EQ(scan(*disc, {}, "end.zip"), "\\B\\ . 0\n\\A\\X\\ . 0\n\\A\\X\\ deep.zip 2,0\n\\A\\ . 0\n\\A\\ a.txt 0,0\n"
+                                          "\\ . 0\n\\ readme.TXT 0,1\n\\ setup.exe 1\u00A0000,0\n");
 }
 
 TEST_F(FileListScanner, FilterLeavesOutOrTakesAlone)

@@ -21,12 +21,18 @@ const QString SameSerial =
 /// A disc with something that happens when a folder is asked for.
 struct EventfulDisc : FakeDisc {
     std::function<void(const QString& folder)> asked = [](const QString&) {};
+    std::function<void(const QString& file)> readFrom = [](const QString&) {};
     quint32 exchanged = 0; ///< what the serial is off by since the drive was asked for it
 
     QList<DiscEntry> list(const QString& folder) override
     {
         asked(folder);
         return FakeDisc::list(folder);
+    }
+    QByteArray read(const QString& folder, const QString& name, qint64 offset, qint64 length) override
+    {
+        readFrom(name);
+        return FakeDisc::read(folder, name, offset, length);
     }
     VolumeProperties volume() override
     {
@@ -35,6 +41,12 @@ struct EventfulDisc : FakeDisc {
         return now;
     }
 };
+
+void clickStop()
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* stop = window->findChild<QPushButton*>("cmdStop")) stop->click();
+}
 
 class FileListOption : public ScreenTest {
 protected:
@@ -235,14 +247,30 @@ TEST_F(FileListOption, StoppingEndsTheWalkAndKeepsTheList)
     disc->file("\\B\\X\\Y\\y", 0).file("\\B\\X\\x", 0).file("\\C\\c", 0);
     disc->asked = [&](const QString& folder) {
         watchPaused = program.shared.DriveWatchPaused;
-        if (folder == "\\B\\X\\")
-            for (QWidget* window : QApplication::topLevelWidgets())
-                if (auto* stop = window->findChild<QPushButton*>("cmdStop")) stop->click();
+        if (folder == "\\B\\X\\") clickStop();
     };
     choose([&]() -> Script { co_await scan(); });
     EXPECT_EQ(folders(), "\\\n\\B\\\n\\C\\\n");
     EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер"), "1A2B\n");
     EXPECT_TRUE(watchPaused);
+}
+
+TEST_F(FileListOption, StoppingWithinAFolderOfMusicReadsNoMoreTags)
+{
+    for (int n = 1; n <= 9; ++n) disc->file(QString("\\Z\\%1.mp3").arg(n), 1000);
+    disc->file("\\root.mp3", 1000);
+    QStringList asked;
+    disc->readFrom = [&](const QString& file) {
+        asked += file;
+        if (file == "3.mp3") clickStop();
+    };
+    choose([&]() -> Script {
+        co_await check("chFiles");
+        co_await scan();
+    });
+    EXPECT_EQ(asked.join(' '), "1.mp3 2.mp3 3.mp3");
+    EXPECT_EQ(fileRows("SELECT Имя FROM [1A2B]"), "\\Z\\\n1.mp3\n2.mp3\n3.mp3\n\\\n");
+    EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер"), "1A2B\n");
 }
 
 TEST_F(FileListOption, AKilledScanLeavesWhatItKeptEachSecondAndIsReplacedByTheNextOne)
