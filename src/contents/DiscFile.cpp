@@ -18,6 +18,7 @@
 namespace {
 
 constexpr qint64 Piece = 256 * 1024;
+constexpr qint64 MaximumCopied = 4LL << 30;
 
 QString copiesRoot() { return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + u"/vinora"_s; }
 QString copiesOf(qint64 process) { return copiesRoot() + u"/disc-%1"_s.arg(process); }
@@ -27,6 +28,17 @@ void makePrivateFolder(const QString& path)
     const QByteArray native = QFile::encodeName(path);
     if (::mkdir(native.constData(), 0700) != 0 && errno != EEXIST) throw FileError(errno, path);
     if (::chmod(native.constData(), 0700) != 0) throw FileError(errno, path);
+}
+
+/// Removes the oldest of the copies in a folder until there is room for `size` bytes more within MaximumCopied.
+void makeRoom(const QString& folder, qint64 size)
+{
+    const QFileInfoList copies = QDir(folder).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Time);
+    for (const QFileInfo& copy : copies) { // the newest one first
+        const QDir place(copy.filePath());
+        for (const QFileInfo& file : place.entryInfoList(QDir::Files | QDir::Hidden)) size += file.size();
+        if (size > MaximumCopied) QDir(place).removeRecursively();
+    }
 }
 
 /// The entry's own spelling, exact if there is one, else by letters alone; empty when there is none.
@@ -93,13 +105,14 @@ DiscCopy::DiscCopy(std::shared_ptr<Disc> disc, const DiscFile& file, const QStri
                                QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256).toHex().left(16));
     QDir().mkpath(copiesRoot());
     makePrivateFolder(process);
-    makePrivateFolder(folder);
     m_path = folder + u'/' + SafeFileName(file.name);
     if (const QFileInfo made(m_path); made.exists() && made.size() == file.size) {
         m_copied = file.size;
         m_complete = true;
         return;
     }
+    makeRoom(process, file.size);
+    makePrivateFolder(folder);
     if (const QStorageInfo storage(folder); storage.isValid() && storage.bytesAvailable() < file.size)
         throw FileError(ENOSPC, m_path);
     m_partPath = QFile::encodeName(folder + u"/.part"_s);

@@ -5,7 +5,10 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <ctime>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -91,6 +94,30 @@ TEST_F(DiscFiles, ACopyThatFailsOrIsGivenUpLeavesNothing)
     shorter.step();
     EXPECT_THROW(shorter.step(), DiscError);
     EXPECT_THROW(DiscCopy(disc, {"\\", "huge", qint64(1) << 60}, "ABC"), RuntimeError) << "no room for it";
+}
+
+TEST_F(DiscFiles, TheOldestCopiesMakeRoomForANewOne)
+{
+    QStringList made;
+    for (const QString medium : {"A", "B", "C"}) {
+        DiscCopy copy(disc, big, medium);
+        while (!copy.complete()) copy.step();
+        made += copy.path();
+        // As if it held 1.25 GiB, and were some minutes old.
+        EXPECT_TRUE(QFile::setPermissions(made.last(), QFile::WriteOwner) && QFile::resize(made.last(), 5LL << 28));
+        const timespec time{std::time(nullptr) - 300 + 60 * made.size(), 0};
+        const timespec times[]{time, time};
+        utimensat(AT_FDCWD, QFile::encodeName(QFileInfo(made.last()).path()).constData(), times, 0);
+    }
+    const auto left = [&] {
+        QString marks;
+        for (const QString& path : made) marks += QFile::exists(path) ? '+' : '-';
+        return marks;
+    };
+    EXPECT_EQ(left(), "+++");
+    const DiscCopy large(disc, {"\\", "large", 1LL << 30}, "D");
+    EXPECT_EQ(left(), "-++");
+    RemoveDiscCopies();
 }
 
 TEST_F(DiscFiles, CopiesOfEndedProcessesAreRemovedAtTheStart)
