@@ -40,9 +40,10 @@ QList<FolderNode> BuildFolderTree(const QStringList& paths)
         qsizetype start = 1;
         for (qsizetype end = path.indexOf(u'\\', start); end >= 0; end = path.indexOf(u'\\', start)) {
             const QStringView component = QStringView(path).mid(start, end - start);
-            if (component.isEmpty()) throw RuntimeError(9, u"В пути «%1» есть папка без имени."_s.arg(path));
+            if (component.isEmpty()) throw RuntimeError(NoTreeOfPath, u"В пути «%1» есть папка без имени."_s.arg(path));
             if (++level > MaximumLevel)
-                throw RuntimeError(9, u"Папка «%1» вложена глубже %2 уровней."_s.arg(path).arg(MaximumLevel));
+                throw RuntimeError(NoTreeOfPath,
+                                   u"Папка «%1» вложена глубже %2 уровней."_s.arg(path).arg(MaximumLevel));
             if (previous.mid(start, component.size()) == component && length[level] == component.size()) {
                 parent = base + relative[level];
             } else {

@@ -26,7 +26,8 @@ bool FolderPathLess(QStringView a, QStringView b);
 /// counts as the node that is there already, even under another parent. So "\B\X\" after "\A\X\" adds B and no X, and
 /// what lies below X hangs under B.
 ///
-/// Error 9 for a path of more than 40 components, or with an empty one: no scan makes such a list.
+/// Error `NoTreeOfPath` for a path of more than 40 components, or with an empty one, which no scan makes.
+inline constexpr int NoTreeOfPath = 9;
 QList<FolderNode> BuildFolderTree(const QStringList& paths);
 
 /// The folder path that a node stands for: the texts from its top-level node down, in backslashes; "\" for "...".

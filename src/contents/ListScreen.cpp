@@ -12,6 +12,8 @@ ListScreen::ListScreen(Program& program, const CatalogueKind& kind, const ListWo
     lblHeader->setText(words.header);
     lettered(lblHeader, Lettering::Heading);
     lblNoList->setAlignment(Qt::AlignCenter);
+    lblNoList->setWordWrap(true);
+    lblNoList->setTextFormat(Qt::PlainText);
     lblNoList->setEnabled(false);
     imgButton[0]->setup(u"close"_s, u"&Закрыть"_s, words.closeHint);
     imgButton[1]->setup(u"scan"_s, u"&Создать…"_s, words.createHint);
@@ -49,7 +51,8 @@ void ListScreen::Form_Load()
         lblName->setText(request.title);
         {
             const QSignalBlocker quiet(cmbCountCD);
-            for (int k = 1; k <= std::clamp(request.discs, 1, 6); ++k) cmbCountCD->addItem(QString::number(k));
+            for (int k = 1; k <= std::clamp(request.discs, 1, 6); ++k)
+                cmbCountCD->addItem(QString::number(k));
             cmbCountCD->setEnabled(cmbCountCD->count() > 1);
             cmbCountCD->setCurrentIndex(std::clamp(request.disc, 1, cmbCountCD->count()) - 1);
         }
@@ -60,11 +63,7 @@ void ListScreen::Form_Load()
 }
 
 /// What the user wants first: the list, or what makes one.
-void ListScreen::focusList()
-{
-    QWidget* none = imgButton[imgButton[1]->isEnabled() ? 1 : 3];
-    (m_list->isHidden() ? none : firstControl())->setFocus();
-}
+void ListScreen::focusList() { (m_list->isHidden() ? m_insteadOfList : firstControl())->setFocus(); }
 
 void ListScreen::cmbCountCD_Click()
 {
@@ -76,13 +75,14 @@ void ListScreen::cmbCountCD_Click()
         imgButton[2]->setEnabled(listed);
         imgButton[3]->setEnabled(listed);
         if (listed) return showList();
-        sayNoList(words.none);
+        sayNoList(words.none, imgButton[1]);
         showNoList();
     });
 }
 
-void ListScreen::sayNoList(const QString& why)
+void ListScreen::sayNoList(const QString& why, QWidget* next)
 {
+    m_insteadOfList = next ? next : imgButton[3];
     lblNoList->setText(why);
     m_list->setVisible(why.isEmpty());
     lblNoList->setVisible(!why.isEmpty());

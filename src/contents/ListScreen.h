@@ -55,8 +55,9 @@ protected:
     virtual void letGo() {}
 
     void Form_Load() override;
-    /// The list gives way to a line that says why there is none, or comes back with an empty one.
-    void sayNoList(const QString& why);
+    /// The list gives way to a text that says why there is none, or comes back with an empty one. `next` is what takes the
+    /// keyboard then.
+    void sayNoList(const QString& why, QWidget* next = nullptr);
 
     int discNumber() const { return cmbCountCD->currentText().toInt(); }
     DiscOfRow disc() const { return {request.key, discNumber()}; }
@@ -75,4 +76,5 @@ private:
     const CatalogueKind& kind;
     const ListWords& words;
     QWidget* m_list = nullptr;
+    QWidget* m_insteadOfList = nullptr; ///< takes the keyboard
 };

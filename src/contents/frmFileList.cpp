@@ -4,6 +4,7 @@
 #include "contents/ListVolume.h"
 #include "contents/OpenDiscFile.h"
 #include "contents/frmFileListOption.h"
+#include "dao/DBEngine.h"
 #include "frame/Settings.h"
 #include "frame/Text.h"
 #include "recognition/DiscIdentity.h"
@@ -11,6 +12,8 @@
 #include "ui/Icons.h"
 
 #include <QShortcut>
+#include <algorithm>
+#include <array>
 
 static const ListWords Words{
     .screen = u"frmFileList"_s,
@@ -111,6 +114,18 @@ void frmFileList::Form_Activate()
     lvFiles->scrollTo(lvFiles->currentIndex());
 }
 
+/// The list is not there, is no list of ours, or holds paths that make no tree. Anything else is the file's or the disk's
+/// trouble, in which nobody shall be sent to drop the list.
+static bool isOfTheList(int number)
+{
+    using namespace DaoErrorNumber;
+    constexpr std::array numbers{TableNotFound, NoSuchParameter, MalformedStatement, NoTreeOfPath};
+    return std::ranges::find(numbers, number) != numbers.end();
+}
+
+/// Long paths have no blanks to break lines at.
+static QString breakable(QString text) { return text.replace(u'\\', u"\\\u200B"_s); }
+
 bool frmFileList::BuildTree()
 {
     tree.setNodes({});
@@ -118,8 +133,15 @@ bool frmFileList::BuildTree()
         QList<FolderNode> nodes = BuildFolderTree(FolderPaths(program.filesDatabase(), program.shared.CurrentDiscID));
         if (nodes.isEmpty()) nodes.append({u"Файлов нет!"_s, -1, false});
         tree.setNodes(nodes);
-    } catch (const RuntimeError&) {
-        sayNoList(u"Список файлов не читается.\nВставьте диск и нажмите «Пересоздать»."_s);
+    } catch (const RuntimeError& error) {
+        if (!isOfTheList(error.number())) throw;
+        LogFaultIfPossible(program, "frmFileList, BuildTree()"_L1, error);
+        const bool tree = error.number() == NoTreeOfPath;
+        sayNoList(u"Список файлов нельзя показать.\n%1\n\n%2"_s.arg(
+                      breakable(error.description()),
+                      tree ? u"Повторное сканирование этого не изменит. Файлы списка находит поиск."_s
+                           : u"Вставьте диск и нажмите «Пересоздать»."_s),
+                  tree ? imgButton[0] : imgButton[3]);
         showNoList();
         MsgBox(u"ВНИМАНИЕ!\r\rПроизошла ошибка при создании списка файлов! Необходимо повторно произвести сканирование "
                u"диска."_s);

@@ -191,24 +191,44 @@ TEST_F(FileList, AListThatCannotBeReadIsToldAndAnEmptyOneSaysSo)
     list({"\\", "\\" + QString("d\\").repeated(41)});
     const Database files = program.filesDatabase();
     files.CreateTable({"FOREIGN", {{"Имя", FieldType::Text}, {"Путь", FieldType::Text}}, {}, {}});
-    for (const QString name : {"1A2B", "FOREIGN", "GONE"}) {
-        ShelfDisc(program, Computer(), request.key).set("ДискID1", name);
+    for (const auto& [name, why, next, focused] :
+         {std::tuple{"1A2B", "вложена глубже 40 уровней.", "Файлы списка находит поиск.", "imgButton_0"},
+          {"FOREIGN", "неизвестное имя «Размер»", "«Пересоздать».", "imgButton_3"},
+          {"GONE", "нет таблицы «GONE».", "«Пересоздать».", "imgButton_3"},
+          {"no]name", "", "«Пересоздать».", "imgButton_3"}}) {
+        ShelfDisc(program, Computer(), request.key).set("ДискID1", QString(name));
         expectBox("ВНИМАНИЕ!\r\rПроизошла ошибка при создании списка файлов! Необходимо повторно произвести "
                   "сканирование диска.",
                   48);
         browse([&]() -> Script {
             EXPECT_FALSE(visible("trView") || enabled("txtCommentDir"));
             EXPECT_EQ(shown("lblCDSpace_0"), "~0 Мб");
-            EXPECT_EQ(focus(), "imgButton_3");
-            co_return;
+            EXPECT_TRUE(shown("lblNoList").contains(why) && shown("lblNoList").endsWith(next));
+            EXPECT_EQ(focus(), focused);
+            co_await picture("frmFileList-" + QString(name));
         });
     }
+    QFile log(path("bugreport.log"));
+    EXPECT_TRUE(log.open(QIODevice::ReadOnly));
+    EXPECT_EQ(log.readAll().count("frmFileList, BuildTree()\r\n"), 4);
     files.DropTable("1A2B");
     list({});
     browse([&]() -> Script {
         EXPECT_EQ(shown("trView") + shown("lblCDSpace_0"), "Файлов нет!\n~0 Мб");
         co_return;
     });
+}
+
+TEST_F(FileList, AFaultOfTheFileSendsNobodyToDropTheList)
+{
+    listed();
+    engine.ReleaseAll();
+    QFile file(path("vinora_files.db"));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.resize(2 * file.size() / 3));
+    file.close();
+    expectFault("frmFileList, cmbCountCD_Click()");
+    browse([]() -> Script { co_return; });
+    EXPECT_EQ(rows("SELECT ДискID1 FROM Компьютер"), "1A2B\n");
 }
 
 TEST_F(FileList, ADoubleClickGivesTheDesktopTheFileOfTheRightDisc)
