@@ -51,7 +51,7 @@ void ListScreen::Form_Load()
         lblName->setText(request.title);
         {
             const QSignalBlocker quiet(cmbCountCD);
-            for (int k = 1; k <= std::clamp(request.discs, 1, 6); ++k)
+            for (int k = 1; k <= std::clamp(std::max(request.discs, request.disc), 1, 6); ++k)
                 cmbCountCD->addItem(QString::number(k));
             cmbCountCD->setEnabled(cmbCountCD->count() > 1);
             cmbCountCD->setCurrentIndex(std::clamp(request.disc, 1, cmbCountCD->count()) - 1);
