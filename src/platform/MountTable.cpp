@@ -45,18 +45,21 @@ QString MountPoint(QByteArrayView mountInfo, dev_t device)
     return part;
 }
 
-QString MountPointOfDevice(dev_t device) { return MountPoint(ReadKernelFile(u"/proc/self/mountinfo"_s), device); }
+static const QString MountInfo = u"proc/self/mountinfo"_s;
 
-QString MountPointOfImage(const QString& imagePath)
+QString MountPointOfDevice(dev_t device) { return MountPoint(ReadKernelFile(u'/' + MountInfo), device); }
+
+QString MountPointOfImage(const QString& imagePath, const QString& system)
 {
     const QByteArray image = QFile::encodeName(QFileInfo(imagePath).canonicalFilePath());
     if (image.isEmpty()) return {};
-    const QDir blocks(u"/sys/class/block"_s);
+    const QDir root(system), blocks(root.filePath(u"sys/class/block"_s));
     for (const QString& loop : blocks.entryList({u"loop*"_s}, QDir::Dirs)) {
-        if (ReadKernelFile(blocks.filePath(loop + u"/loop/backing_file"_s)).trimmed() != image) continue;
+        if (ReadKernelFile(blocks.filePath(loop + u"/loop/backing_file"_s)) != image + '\n') continue;
         const QList<QByteArray> number = ReadKernelFile(blocks.filePath(loop + u"/dev"_s)).trimmed().split(':');
         if (number.size() != 2) continue;
-        const QString path = MountPointOfDevice(makedev(number[0].toUInt(), number[1].toUInt()));
+        const QString path = MountPoint(ReadKernelFile(root.filePath(MountInfo)),
+                                        makedev(number[0].toUInt(), number[1].toUInt()));
         if (!path.isEmpty()) return path;
     }
     return {};

@@ -10,5 +10,5 @@ QString MountPoint(QByteArrayView mountInfo, dev_t device);
 
 /// The same by the mounts of this process.
 QString MountPointOfDevice(dev_t device);
-/// Where an image file is mounted by way of a loop device.
-QString MountPointOfImage(const QString& imagePath);
+/// Where an image file is mounted by way of a loop device. `system` is the folder that holds proc and sys.
+QString MountPointOfImage(const QString& imagePath, const QString& system = QStringLiteral("/"));

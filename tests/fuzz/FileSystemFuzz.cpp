@@ -1,7 +1,7 @@
 // A long input is a medium. A short one is a list of edits, each of 8 bytes: width, descriptor (16 bits), place in it
 // (16 bits), value (24 bits); they are made to UDF volumes, whose sums would stop any other change at once.
 
-#include "../platform/UdfImage.h"
+#include "../harness/UdfImage.h"
 #include "platform/disc/Disc.h"
 
 #include <QtEndian>

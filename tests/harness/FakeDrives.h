@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Drives.h"
+#include "platform/ImageDrive.h"
 #include "platform/Literals.h"
 #include "platform/disc/AudioDisc.h"
 
@@ -190,7 +190,7 @@ private:
     QString m_path;
 };
 
-/// One virtual drive V, and devices with letters as a test adds them.
+/// One virtual drive V, and others with letters as a test adds them.
 class FakeDrives final : public Drives {
 public:
     FakeVirtualDrive v{u'V'};
@@ -198,9 +198,18 @@ public:
 
     FakeDrive& add(QChar letter, std::shared_ptr<FakeDisc> medium = {})
     {
-        m_devices.push_back(std::make_unique<FakeDrive>(letter));
-        m_devices.back()->medium = std::move(medium);
-        return *m_devices.back();
+        auto drive = std::make_unique<FakeDrive>(letter);
+        drive->medium = std::move(medium);
+        FakeDrive& added = *drive;
+        m_devices.push_back(std::move(drive));
+        return added;
+    }
+    /// No fake: an image file behind a letter.
+    void add(QChar letter, const QString& image)
+    {
+        auto drive = std::make_unique<ImageDrive>(letter);
+        drive->insert(image);
+        m_devices.push_back(std::move(drive));
     }
     QList<Drive*> all() override
     {
@@ -213,5 +222,5 @@ public:
     VirtualDrive& virtualDrive() override { return v; }
 
 private:
-    std::vector<std::unique_ptr<FakeDrive>> m_devices;
+    std::vector<std::unique_ptr<Drive>> m_devices;
 };

@@ -1,5 +1,5 @@
 #include "platform/CdToc.h"
-#include "../harness/FakeDrives.h"
+#include "harness/FakeDrives.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,5 +1,5 @@
-#include "FileSystemImages.h"
 #include "LayoutText.h"
+#include "harness/FileSystemImages.h"
 #include "platform/DeviceContents.h"
 #include "platform/MountTable.h"
 #include "platform/SystemDrives.h"
@@ -253,4 +253,20 @@ TEST(MountTable, FindsTheDeviceAndUndoesEscapes)
     EXPECT_EQ(MountPoint(mounts, makedev(11, 1)), "/media/whole");
     EXPECT_EQ(MountPoint(mounts, makedev(11, 2)), "");
     EXPECT_EQ(MountPoint(mounts, makedev(11, 3)).left(5), "/mnt/");
+}
+
+TEST_F(ImageTest, AMountedImageIsFoundByItsLoopDevice)
+{
+    write(image, "disc");
+    QFile::link(image, at("link.iso"));
+    put("sys/class/block/loop0/dev", "7:0\n");
+    put("sys/class/block/loop0/loop/backing_file", "/another.iso\n");
+    put("sys/class/block/loop1/dev", "7:1\n");
+    put("sys/class/block/loop1/loop/backing_file", QFile::encodeName(QFileInfo(image).canonicalFilePath()) + '\n');
+    put("proc/self/mountinfo",
+        "30 1 7:0 / /mnt ro - udf /dev/loop0 ro\n31 1 7:1 / /media/me/Диск\\0401 ro - udf x ro\n");
+    EXPECT_EQ(MountPointOfImage(at("link.iso"), tree), "/media/me/Диск 1");
+    write(at("other.iso"), "disc");
+    for (const QString& unmounted : {at("other.iso"), at("missing.iso"), QString()})
+        EXPECT_EQ(MountPointOfImage(unmounted, tree), "");
 }

@@ -1,4 +1,4 @@
-#include "FileSystemImages.h"
+#include "harness/FileSystemImages.h"
 #include "platform/ImageDrive.h"
 #include "platform/disc/SheetFolder.h"
 

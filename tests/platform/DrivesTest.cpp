@@ -1,4 +1,4 @@
-#include "../harness/FakeDrives.h"
+#include "harness/FakeDrives.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/Files.h"
-#include "FileSystemImages.h"
+#include "harness/FileSystemImages.h"
 #include "platform/SingleInstance.h"
 #include "platform/XdgDesktop.h"
 

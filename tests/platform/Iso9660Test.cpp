@@ -1,4 +1,4 @@
-#include "FileSystemImages.h"
+#include "harness/FileSystemImages.h"
 #include "platform/disc/VolumeSerial.h"
 
 namespace {

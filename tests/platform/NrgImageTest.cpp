@@ -1,6 +1,6 @@
 #include "platform/disc/NrgImage.h"
-#include "FileSystemImages.h"
 #include "LayoutText.h"
+#include "harness/FileSystemImages.h"
 #include "platform/disc/CdText.h"
 
 #include <QtEndian>

@@ -1,5 +1,5 @@
 #include "platform/Profile.h"
-#include "FileSystemImages.h"
+#include "harness/FileSystemImages.h"
 #include "platform/CodePage1251.h"
 
 namespace {

@@ -1,5 +1,5 @@
-#include "FileSystemImages.h"
-#include "UdfImage.h"
+#include "harness/FileSystemImages.h"
+#include "harness/UdfImage.h"
 
 namespace {
 
