@@ -181,14 +181,16 @@ bool TablePages::read(const std::string& table, std::span<const std::string_view
         if (places[i] == layout.size()) return false;
     }
     std::array<std::string_view, MostFields> texts;
-    return walk(known->second.root, std::span(places).first(fields.size()), [&](std::span<const Field> row) {
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            if (row[i].type != Null && !isText(row[i].type)) return false;
-            texts[i] = textOf(row[i].type, row[i].data);
-        }
-        take(std::span(texts).first(row.size()));
-        return true;
-    });
+    bool wanted = true;
+    const bool walked = walk(known->second.root, std::span(places).first(fields.size()),
+                             [&](std::span<const Field> row) {
+                                 for (std::size_t i = 0; i < row.size(); ++i) {
+                                     if (row[i].type != Null && !isText(row[i].type)) return false;
+                                     texts[i] = textOf(row[i].type, row[i].data);
+                                 }
+                                 return wanted = take(std::span(texts).first(row.size()));
+                             });
+    return walked || !wanted;
 }
 
 bool TablePages::walk(std::uint32_t root, std::span<const std::size_t> places,

@@ -18,8 +18,8 @@ struct sqlite3_file;
 /// stands in the file, damage too, is left to a statement, which knows what to say about it.
 class TablePages {
 public:
-    /// Texts in the order of the fields that were asked for, until the next row; Null has no data().
-    using Take = std::function<void(std::span<const std::string_view> texts)>;
+    /// Texts in the order of the fields that were asked for, until the next row; Null has no data(). False ends the walk.
+    using Take = std::function<bool(std::span<const std::string_view> texts)>;
 
     /// Reads what tables there are, unless it knows them by this version of the schema. `db` holds a read lock from before
     /// to after everything that is done here, and there is no log of writes ahead. False when the file is out of the

@@ -41,11 +41,6 @@ TableReader::TableReader(const Database& database) : m_database(database), m_pat
 
 TableReader::~TableReader() = default;
 
-void TableReader::open()
-{
-    reading([] {});
-}
-
 void TableReader::openFile()
 {
     auto file = std::make_unique<SqliteFile>(m_path, SQLITE_OPEN_READONLY);
@@ -55,7 +50,6 @@ void TableReader::openFile()
     RegisterCollation(file->handle());
     RegisterLike(file->handle());
     m_pages = {};
-    const std::lock_guard lock(m_opening);
     m_file = std::move(file);
 }
 
@@ -81,15 +75,10 @@ bool TableReader::readTexts(const QString& table, std::span<const std::string_vi
     return m_paged && m_pages.read(table.toStdString(), fields, take);
 }
 
-void TableReader::read(const QString& table, const Selection& selection, const std::function<void(const Row&)>& take)
+void TableReader::read(const QString& table, const Selection& selection, const std::function<bool(const Row&)>& take)
 {
     Statement rows(*m_file, selection.select(table), table);
     const Row row(rows);
-    while (rows.step()) take(row);
-}
-
-void TableReader::interrupt() noexcept
-{
-    const std::lock_guard lock(m_opening);
-    if (m_file) sqlite3_interrupt(m_file->handle());
+    while (rows.step() && take(row)) {
+    }
 }

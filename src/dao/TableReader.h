@@ -4,7 +4,6 @@
 #include "dao/TablePages.h"
 
 #include <functional>
-#include <mutex>
 #include <string_view>
 
 class SqliteFile;
@@ -45,26 +44,20 @@ public:
     TableReader(const TableReader&) = delete;
     TableReader& operator=(const TableReader&) = delete;
 
-    /// Opens the file, if it is not open yet, and learns its tables.
-    void open();
     /// Runs a block that reads under one lock: writers wait for its end.
     void reading(const std::function<void()>& block);
     /// Within reading(): texts of all rows, in the order in which they were added, quickly. False when that is not
     /// possible with this table, or it is not there: what was taken is to be forgotten then, and read() knows more.
     bool readTexts(const QString& table, std::span<const std::string_view> fields, const TablePages::Take& take);
-    /// Within reading(): the rows of a table in the order in which they were added. Errors: 3078 no such table, 3061 it
-    /// lacks a field, those of a file that cannot be read.
-    void read(const QString& table, const Selection& selection, const std::function<void(const Row&)>& take);
-
-    /// From any thread: the read() under way ends soon, with an error.
-    void interrupt() noexcept;
+    /// Within reading(): the rows of a table in the order in which they were added, until `take` answers false. Errors:
+    /// 3078 no such table, 3061 it lacks a field, those of a file that cannot be read.
+    void read(const QString& table, const Selection& selection, const std::function<bool(const Row&)>& take);
 
 private:
     void openFile();
 
     Database m_database; ///< keeps the file open
     QString m_path;
-    std::mutex m_opening; ///< of m_file, for interrupt()
     std::unique_ptr<SqliteFile> m_file;
     TablePages m_pages;
     bool m_paged = false; ///< m_pages can be read

@@ -69,6 +69,7 @@ std::vector<ListedDisc> ListedDiscs(const Database& main, const CatalogueKind& k
                 discs.push_back(
                     {row.number(0), int(row.number(1)), k, QString::fromUtf8(list.data(), qsizetype(list.size()))});
             }
+            return true;
         });
     });
     return discs;
@@ -128,9 +129,11 @@ void ListSearch::Walk::readList(TableReader& reader, ListHits& hits, List& list)
 {
     hits.clear();
     const auto take = [&](std::span<const std::string_view> texts) {
-        if (!matches(texts[0])) return;
-        const std::string_view path = texts.size() > 2 ? texts[2] : std::string_view();
-        if (ofKind(kind, texts[1], path)) hits.add(texts[1], path);
+        if (matches(texts[0])) {
+            const std::string_view path = texts.size() > 2 ? texts[2] : std::string_view();
+            if (ofKind(kind, texts[1], path)) hits.add(texts[1], path);
+        }
+        return !stopped.load(std::memory_order_relaxed);
     };
     try {
         if (!reader.readTexts(list.name, fields, take)) {
@@ -138,7 +141,7 @@ void ListSearch::Walk::readList(TableReader& reader, ListHits& hits, List& list)
             std::array<std::string_view, 3> texts;
             reader.read(list.name, selection, [&](const TableReader::Row& row) {
                 for (std::size_t i = 0; i < fields.size(); ++i) texts[i] = row.text(int(i));
-                take(std::span(texts).first(fields.size()));
+                return take(std::span(texts).first(fields.size()));
             });
         }
     } catch (const RuntimeError& error) {
@@ -203,10 +206,7 @@ void ListSearch::start(const ListQuery& query, const std::vector<ListedDisc>& di
 
 void ListSearch::stop()
 {
-    if (m_walk) {
-        m_walk->stopped = true;
-        for (const auto& reader : m_readers) reader->interrupt();
-    }
+    if (m_walk) m_walk->stopped = true;
     wait();
 }
 

@@ -45,6 +45,9 @@ TEST_F(Searching, FindsByTheFieldTheKindOfRowAndTheWholeOrPartOfIt)
     EXPECT_EQ(find({folders, "docs"}), "\\Docs\\ | 7 | \\Docs\\\n\\Docs\\ | 9 (2) | \\Docs\\\n");
     EXPECT_EQ(find({folders, "\\docs\\", true}), find({folders, "docs"}));
     EXPECT_EQ(find({folders, "все", false, true}), "\\Docs\\ | 7 | \\Docs\\\n");
+    EXPECT_EQ(find({folders, "ВСЕ", true, true}), "\\Docs\\ | 7 | \\Docs\\\n");
+    EXPECT_EQ(find({folders, "вс", true, true}), "");
+    EXPECT_EQ(find({folders, "\\", true}), "\\ | 7 | \\\n");
     EXPECT_EQ(find({files, "R*e.t?t"}), "Readme.txt | 7 | \\\n");
     EXPECT_EQ(find({files, "o'zip"}), "");
 }
