@@ -1,5 +1,4 @@
 // The list bar of the main window: its fixed groups, and the user's query shortcuts.
-#include "mainwindow/QueryShortcuts.h"
 #include "mainwindow/frmMain.h"
 #include "search/frmCreateQuery.h"
 #include "ui/Icons.h"
@@ -85,7 +84,7 @@ void frmMain::listBarClicked(const QString& group, const QString& text)
 void frmMain::loadShortcuts()
 {
     SSListBar->clearGroup(shortcutGroup);
-    for (const QString& name : QueryShortcutNames(program.queries()))
+    for (const QString& name : QueryNames(program.queries()))
         SSListBar->addItem(shortcutGroup, u"query1"_s, name, icon(u"query"_s));
 }
 
@@ -96,12 +95,12 @@ static void tellNoShortcut(Program& program, const QString& name)
 
 void frmMain::runShortcut(const QString& name)
 {
-    const std::optional<QueryShortcut> shortcut = ReadQueryShortcut(program.queries(), name);
+    const std::optional<StoredQuery> shortcut = ReadStoredQuery(program.queries(), name);
     if (!shortcut) return tellNoShortcut(program, name);
     program.shared.CatalogueQueryMode = true;
     const CatalogueKind* kind = CatalogueByCode(shortcut->category);
     if (!kind) return;
-    program.shared.CatalogueQueryFilter = shortcut->filter;
+    program.shared.CatalogueQueryFilter = shortcut->filter();
     openCatalogue(*kind);
 }
 
@@ -140,7 +139,7 @@ void frmMain::deleteShortcut()
     Guarded("frmMain, ID_ToolbarEditDel()"_L1, [&] {
         const QString question = u"Вы дейсвительно хотите удалить ярлык '"_s + m_shortcut + u"'?"_s;
         if (!program.dialogs.Ask(question, Box::Question | Box::SafeDefault)) return;
-        if (!DeleteQueryShortcut(program.queries(), m_shortcut)) {
+        if (!DeleteQuery(program.queries(), m_shortcut)) {
             program.dialogs.MsgBox(u"Ошибка удаления ярлыка!"_s);
             return;
         }

@@ -12,37 +12,44 @@ constexpr int MostShortcuts = 1000; // keeps a damaged count from costing minute
 
 const auto Head = u"Query"_s; // section of the count
 
+bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 bool sameName(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
 
-/// 0 when there is none of that name.
+int countOf(const Profile& queries) { return BoundedInt(queries.number(Head, u"Count", NameBuffer), 0, MostShortcuts); }
+
+/// Empty where the file lacks it.
+QString nameAt(const Profile& queries, int number)
+{
+    return queries.read(QString::number(number), u"Name", NameBuffer).trimmed();
+}
+
+/// Its own Num, or where its name is found when that says something else; 0 when there is none of that name.
 int numberOf(const Profile& queries, const QString& name)
 {
-    const int count = QueryCount(queries);
+    const int count = countOf(queries), own = BoundedInt(queries.number(name, u"Num", NameBuffer), 0, count);
+    if (own >= 1 && sameName(nameAt(queries, own), name)) return own;
     for (int n = 1; n <= count; ++n)
-        if (sameName(QueryNameAt(queries, n), name)) return n;
+        if (sameName(nameAt(queries, n), name)) return n;
     return 0;
 }
 
 QString conditionKey(int i) { return Head + QString::number(i + 1); }
 
-QString unquoted(QString value)
+QString unquoted(const QString& value, const QString& comparison)
 {
-    const QChar apostrophe = u'\'', doubled = QChar::Null;
-    value.replace(u"''"_s, QString(doubled));
-    for (const QString& mark : {u"'*"_s, u"*'"_s, u"'"_s}) value.remove(mark);
-    return value.replace(doubled, apostrophe);
+    const qsizetype mark = comparison == u"LIKE" ? 2 : 1; // '* or '
+    return value.size() < 2 * mark ? QString() : value.sliced(mark).chopped(mark).replace(u"''"_s, u"'"_s);
 }
 
 } // namespace
 
-int QueryCount(const Profile& queries)
+QStringList QueryNames(const Profile& queries)
 {
-    return BoundedInt(queries.number(Head, u"Count", NameBuffer), 0, MostShortcuts);
-}
-
-QString QueryNameAt(const Profile& queries, int number)
-{
-    return queries.read(QString::number(number), u"Name", NameBuffer).trimmed();
+    QStringList names;
+    const int count = countOf(queries);
+    for (int n = 1; n <= count; ++n)
+        if (const QString name = nameAt(queries, n); !name.isEmpty()) names += name;
+    return names;
 }
 
 QStringList QueryFields(const CatalogueKind& kind)
@@ -69,7 +76,7 @@ QString QueryFragment(const QueryCondition& condition)
     return head + (condition.comparison == u"LIKE" ? u"'*"_s + text + u"*'"_s : u'\'' + text + u'\'');
 }
 
-std::optional<QueryCondition> SplitQueryFragment(const QString& fragment)
+std::optional<QueryCondition> SplitQueryFragment(const CatalogueKind& kind, const QString& fragment)
 {
     QString rest = fragment.trimmed();
     const auto word = [&rest] {
@@ -78,12 +85,33 @@ std::optional<QueryCondition> SplitQueryFragment(const QString& fragment)
         return first;
     };
     if (rest.startsWith(u"And ", Qt::CaseInsensitive)) word();
+    const QString whole = u"And "_s + rest;
     QueryCondition condition;
     condition.field = word();
     condition.comparison = word();
-    if (condition.comparison.isEmpty() || rest.isEmpty()) return {};
-    condition.value = unquoted(rest);
-    return condition;
+    const bool number = condition.field == NumberField;
+    condition.value = number ? rest : unquoted(rest, condition.comparison);
+    const bool shown = !condition.value.isEmpty() && QueryFields(kind).contains(condition.field) &&
+                       QueryComparisons(condition.field).contains(condition.comparison) &&
+                       condition.value.size() <= (number ? LongestQueryNumber : LongestQueryText) &&
+                       (!number || std::ranges::all_of(condition.value, isDigit)) && QueryFragment(condition) == whole;
+    return shown ? std::optional(condition) : std::nullopt;
+}
+
+QString NotKept(const QString& value)
+{
+    QString lost;
+    for (const char32_t code : value.toUcs4())
+        if (const QString c = QString::fromUcs4(&code, 1); DecodeCp1251(EncodeCp1251(c)) != c) lost += c;
+    return lost;
+}
+
+QString StoredQuery::filter() const
+{
+    QStringList formed;
+    for (const QString& fragment : fragments)
+        if (fragment.size() > 1) formed += fragment;
+    return formed.join(u' ');
 }
 
 QString QueryName(const QString& entered)
@@ -97,14 +125,13 @@ QString QueryName(const QString& entered)
 
 QString NewQueryName(const Profile& queries)
 {
-    for (int n = QueryCount(queries) + 1;; ++n)
+    for (int n = countOf(queries) + 1;; ++n)
         if (const QString name = u"Запрос%1"_s.arg(n); !QueryNameTaken(queries, name)) return name;
 }
 
 bool QueryNameTaken(const Profile& queries, const QString& name, const QString& except)
 {
-    const bool numeric = std::ranges::all_of(name, [](QChar c) { return c >= u'0' && c <= u'9'; });
-    if (numeric || sameName(name, Head)) return true;
+    if (std::ranges::all_of(name, isDigit) || sameName(name, Head)) return true;
     return !sameName(name, except) && numberOf(queries, name) != 0;
 }
 
@@ -112,26 +139,34 @@ std::optional<StoredQuery> ReadStoredQuery(const Profile& queries, const QString
 {
     StoredQuery query{.name = name, .category = queries.read(name, u"Category").trimmed()};
     if (query.category.isEmpty()) return {};
-    for (int i = 0; i < Conditions; ++i) query.conditions[i] = SplitQueryFragment(queries.read(name, conditionKey(i)));
+    for (int i = 0; i < Conditions; ++i) query.fragments[i] = queries.read(name, conditionKey(i)).trimmed();
     return query;
 }
 
 bool StoreQuery(const Profile& queries, const StoredQuery& query, const QString& replaced)
 {
     int number = replaced.isEmpty() ? 0 : numberOf(queries, replaced);
-    bool kept = true;
-    const auto write = [&](const QString& section, const QString& key, const QString& value) {
-        kept = queries.write(section, key, value) && kept;
-    };
     const bool added = number == 0;
-    if (added) number = QueryCount(queries) + 1;
+    if (added) number = countOf(queries) + 1;
+    const QString place = QString::number(number);
+    Profile::Entries entries{{u"Num"_s, place}, {u"Category"_s, query.category}};
+    for (int i = 0; i < Conditions; ++i) entries += {conditionKey(i), query.fragments[i]};
     // The count last: a shortcut is there when all of it is. The old name goes when the new one stands.
-    write(QString::number(number), u"Name"_s, query.name);
-    write(query.name, u"Num"_s, QString::number(number));
-    write(query.name, u"Category"_s, query.category);
-    for (int i = 0; i < Conditions; ++i)
-        write(query.name, conditionKey(i), query.conditions[i] ? QueryFragment(*query.conditions[i]) : QString());
-    if (added) write(Head, u"Count"_s, QString::number(number));
-    if (kept && !added && !sameName(replaced, query.name)) kept = queries.removeSection(replaced);
-    return kept;
+    if (!queries.write(query.name, entries) || !queries.write(place, u"Name", query.name)) return false;
+    if (added) return queries.write(Head, u"Count", place);
+    return sameName(replaced, query.name) || queries.removeSection(replaced);
+}
+
+bool DeleteQuery(const Profile& queries, const QString& name)
+{
+    const int count = countOf(queries), number = numberOf(queries, name);
+    if (number == 0) return false;
+    // A name that stands twice for a moment is seen, one that is missing is lost: the others move up first.
+    for (int n = number + 1; n <= count; ++n) {
+        const QString moved = nameAt(queries, n), place = QString::number(n - 1);
+        if (!queries.write(place, u"Name", moved)) return false;
+        if (!moved.isEmpty() && !queries.write(moved, u"Num", place)) return false;
+    }
+    return queries.write(Head, u"Count", QString::number(count - 1)) && queries.removeSection(QString::number(count)) &&
+           queries.removeSection(name);
 }

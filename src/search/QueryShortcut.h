@@ -17,7 +17,10 @@
 //
 // The catalogue's statement ends in a WHERE clause, which fragments join.
 
-inline constexpr int Conditions = 3; ///< at most, in a shortcut
+inline constexpr int Conditions = 3;         ///< at most, in a shortcut
+inline constexpr int LongestQueryName = 50;  ///< its reader takes 54 characters
+inline constexpr int LongestQueryText = 100; ///< a fragment's reader takes 254, and each apostrophe is doubled
+inline constexpr int LongestQueryNumber = 5;
 
 struct QueryCondition {
     QString field, comparison, value; ///< "Название", "LIKE", "abc"
@@ -25,10 +28,8 @@ struct QueryCondition {
     bool operator==(const QueryCondition&) const = default;
 };
 
-/// Number of shortcuts in the file, bounded: a damaged count costs no minutes.
-int QueryCount(const Profile& queries);
-/// Name of shortcut 1 to QueryCount(); empty where the file lacks it.
-QString QueryNameAt(const Profile& queries, int number);
+/// Names of the shortcuts in their order. A damaged count gives at most a thousand of them.
+QStringList QueryNames(const Profile& queries);
 
 /// Fields that a shortcut on this catalogue can ask for: number, title, album where there are any, dictionary.
 QStringList QueryFields(const CatalogueKind& kind);
@@ -40,14 +41,19 @@ inline const QString NumberField = u"Номер"_s;
 
 /// Text is cleaned as it is on its way into the catalogue, so that it meets what stands there.
 QString QueryFragment(const QueryCondition& condition);
-/// Nothing for what is no fragment.
-std::optional<QueryCondition> SplitQueryFragment(const QString& fragment);
+/// The condition of a fragment; nothing for one that was edited by hand to say more than a condition on one of the
+/// catalogue's fields can.
+std::optional<QueryCondition> SplitQueryFragment(const CatalogueKind& kind, const QString& fragment);
+/// Characters of a value that the file's code page lacks: it keeps a "?" in their place.
+QString NotKept(const QString& value);
 
-/// A shortcut as the form shows it.
 struct StoredQuery {
     QString name;
-    QString category; ///< "AD", "PC" or "DVD"
-    std::array<std::optional<QueryCondition>, Conditions> conditions = {};
+    QString category;                               ///< "AD", "PC" or "DVD"; a file that was edited may say anything
+    std::array<QString, Conditions> fragments = {}; ///< as they stand, without blanks around; empty for none
+
+    /// The fragments in one, with blanks between them; empty when none was formed.
+    QString filter() const;
 
     bool operator==(const StoredQuery&) const = default;
 };
@@ -63,3 +69,6 @@ std::optional<StoredQuery> ReadStoredQuery(const Profile& queries, const QString
 /// As a new one, or in place of the shortcut `replaced`, which may have had another name. False when the file cannot be
 /// written.
 bool StoreQuery(const Profile& queries, const StoredQuery& query, const QString& replaced = {});
+/// Takes a shortcut out and moves those behind it up. False when the file does not say how many there are, does not know
+/// the name, or cannot be written.
+bool DeleteQuery(const Profile& queries, const QString& name);

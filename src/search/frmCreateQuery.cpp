@@ -6,14 +6,13 @@
 #include <QRegularExpressionValidator>
 
 namespace {
-constexpr int LongestName = 50;   // its reader takes 54 characters
-constexpr int LongestValue = 100; // a fragment's reader takes 254, and each apostrophe is doubled
-constexpr int LongestNumber = 5;
+/// In place of the field of a condition that the form cannot show, and keeps as it stands.
+const auto ByHand = u"(вручную)"_s;
 }
 
 frmCreateQuery::frmCreateQuery(Program& program) : Screen(program, u"frmCreateQuery"_s, u"Ярлык запроса"_s)
 {
-    txtName->setMaxLength(LongestName);
+    txtName->setMaxLength(LongestQueryName);
     const std::array<QString, 3> categories{u"&Аудио диски"_s, u"&Компьютерные диски"_s, u"&DVD диски"_s};
     for (int i = 0; i < 3; ++i) optCategory[i]->setText(categories[i]);
     optCategory[0]->setChecked(true);
@@ -87,18 +86,31 @@ void frmCreateQuery::edit(const StoredQuery& query)
         if (const CatalogueKind* stored = CatalogueByCode(query.category))
             optCategory[CatalogueIndex(*stored)]->setChecked(true);
         for (int i = 0; i < Conditions; ++i) {
-            if (!query.conditions[i]) continue;
-            const QueryCondition& condition = *query.conditions[i];
-            cmbQ1[i]->setCurrentIndex(cmbQ1[i]->findText(condition.field));
-            cmbQ2[i]->setCurrentIndex(cmbQ2[i]->findText(condition.comparison));
-            const bool list = FromDictionary(kind(), condition.field) && condition.comparison == u"=";
-            takeFromList(i, list);
-            if (list)
-                cmbQuery[i]->setCurrentIndex(cmbQuery[i]->findText(condition.value, Qt::MatchFixedString));
-            else
-                txtQuery[i]->setText(condition.value);
+            const QString& fragment = query.fragments[i];
+            if (fragment.size() <= 1) continue; // the catalogue passes it over, too
+            if (const auto condition = SplitQueryFragment(kind(), fragment)) {
+                showCondition(i, *condition);
+            } else {
+                m_byHand[i] = fragment;
+                cmbQ1[i]->addItem(ByHand);
+                cmbQ1[i]->setCurrentText(ByHand);
+            }
         }
     });
+}
+
+void frmCreateQuery::showCondition(int i, const QueryCondition& condition)
+{
+    cmbQ1[i]->setCurrentText(condition.field);
+    cmbQ2[i]->setCurrentText(condition.comparison);
+    const int listed = cmbQuery[i]->findText(condition.value, Qt::MatchFixedString);
+    // What the dictionary does not hold any more stays a text.
+    const bool list = FromDictionary(kind(), condition.field) && condition.comparison == u"=" && listed >= 0;
+    takeFromList(i, list);
+    if (list)
+        cmbQuery[i]->setCurrentIndex(listed);
+    else
+        txtQuery[i]->setText(condition.value);
 }
 
 const CatalogueKind& frmCreateQuery::kind() const
@@ -131,17 +143,26 @@ void frmCreateQuery::optCategory_Click()
 
 void frmCreateQuery::cmbQ1_Click(int i)
 {
-    const bool number = field(i) == NumberField;
+    const bool number = field(i) == NumberField, chosen = !field(i).isEmpty();
     cmbQ2[i]->clear();
-    if (!field(i).isEmpty()) cmbQ2[i]->addItems(QueryComparisons(field(i)));
+    if (chosen && !byHand(i)) cmbQ2[i]->addItems(QueryComparisons(field(i)));
     delete txtQuery[i]->validator();
     if (number)
         txtQuery[i]->setValidator(new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), txtQuery[i]));
-    txtQuery[i]->setMaxLength(number ? LongestNumber : LongestValue);
+    txtQuery[i]->setMaxLength(byHand(i) ? QWIDGETSIZE_MAX : number ? LongestQueryNumber : LongestQueryText);
     takeFromList(i, FromDictionary(kind(), field(i)));
-    for (QWidget* box : std::initializer_list<QWidget*>{cmbQ2[i], txtQuery[i], cmbQuery[i]})
-        box->setEnabled(!field(i).isEmpty());
+    cmbQ2[i]->setEnabled(chosen && !byHand(i));
+    txtQuery[i]->setEnabled(chosen);
+    cmbQuery[i]->setEnabled(chosen);
+    txtQuery[i]->setReadOnly(byHand(i));
+    txtQuery[i]->setToolTip(byHand(i)
+                                ? u"Это условие записано в файле ярлыков вручную. Оно сохранится как есть, пока не "
+                                  u"выбрано другое поле."_s
+                                : QString());
+    if (byHand(i)) txtQuery[i]->setText(m_byHand[i]);
 }
+
+bool frmCreateQuery::byHand(int i) const { return field(i) == ByHand; }
 
 void frmCreateQuery::takeFromList(int i, bool list)
 {
@@ -177,10 +198,10 @@ bool frmCreateQuery::refused()
     }
     for (int i = 1; i < Conditions; ++i)
         for (int before = 0; before < i; ++before)
-            if (!field(i).isEmpty() && field(i) == field(before))
+            if (!field(i).isEmpty() && !byHand(i) && field(i) == field(before))
                 return refuseBox(cmbQ1[i], u"В условии запроса дважды указано одно и то же поле!"_s);
     for (int i = 0; i < Conditions; ++i) {
-        if (field(i).isEmpty() || (formed(i) && !cmbQ2[i]->currentText().isEmpty())) continue;
+        if (field(i).isEmpty() || byHand(i) || (formed(i) && !cmbQ2[i]->currentText().isEmpty())) continue;
         QWidget* missing = cmbQuery[i];
         if (!m_listed[i]) missing = txtQuery[i];
         if (formed(i)) missing = cmbQ2[i];
@@ -192,6 +213,14 @@ bool frmCreateQuery::refused()
         refuse(txtName, u"Запрос с таким именем уже существует. Выберите другое название!"_s);
         return true;
     }
+    for (int i = 0; i < Conditions; ++i) {
+        // To LIKE the sign in their place stands for any letter.
+        const QString lost = byHand(i) || cmbQ2[i]->currentText() == u"LIKE" ? QString() : NotKept(value(i));
+        if (!lost.isEmpty())
+            return refuseBox(cmbQ2[i], u"В ярлыке нельзя сохранить: %1 (условие %2). Выберите сравнение LIKE, вместо "
+                                       u"этих знаков подойдут любые."_s.arg(lost)
+                                           .arg(i + 1));
+    }
     return false;
 }
 
@@ -201,7 +230,10 @@ void frmCreateQuery::cmdSave()
         if (refused()) return;
         StoredQuery query{.name = QueryName(txtName->text()), .category = kind().code};
         for (int i = 0; i < Conditions; ++i)
-            if (formed(i)) query.conditions[i] = QueryCondition{field(i), cmbQ2[i]->currentText(), value(i)};
+            if (byHand(i))
+                query.fragments[i] = m_byHand[i];
+            else if (formed(i))
+                query.fragments[i] = QueryFragment({field(i), cmbQ2[i]->currentText(), value(i)});
         if (!StoreQuery(program.queries(), query, m_edited)) {
             MsgBox(u"Ярлык не сохранен: файл '%1' не записывается."_s.arg(program.queries().path()));
             return;

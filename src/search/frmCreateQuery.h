@@ -30,6 +30,7 @@ private:
     void buildLayout();
     void optCategory_Click();
     void cmbQ1_Click(int i);
+    void showCondition(int i, const QueryCondition& condition);
     void cmdSave();
 
     /// Which of the two boxes for a value takes it.
@@ -37,10 +38,12 @@ private:
     void markCondition(int i);
     bool refused();
     bool formed(int i) const;
+    bool byHand(int i) const;
     QString field(int i) const { return cmbQ1[i]->currentText(); }
     QString value(int i) const;
     const CatalogueKind& kind() const;
 
     QString m_edited; ///< name of the shortcut that is being changed, empty for a new one
     std::array<bool, Conditions> m_listed{};
+    std::array<QString, Conditions> m_byHand; ///< fragments that the form cannot show
 };

@@ -1,6 +1,5 @@
-// The user's query shortcuts: their file, and what the list bar does with them.
+// What the list bar does with the user's query shortcuts.
 #include "mainwindow/MainWindowTest.h"
-#include "mainwindow/QueryShortcuts.h"
 #include "ui/ListBar.h"
 
 #include <QApplication>
@@ -42,24 +41,6 @@ protected:
 private:
     int m_added = 0;
 };
-
-TEST_F(Shortcuts, DeletingOneMovesTheOthersUpAlsoWhenTheFileWasEdited)
-{
-    const Profile queries = program.queries();
-    queries.write(u"Новинки"_s, u"Num", u"99999999999999999999"_s);
-    EXPECT_TRUE(DeleteQueryShortcut(queries, u"Новинки"_s));
-    EXPECT_EQ(queries.read(u"Query", u"Count"), u"2"_s);
-    EXPECT_EQ(file(), u"1 Группы 1, 2 Все 2, 3  "_s);
-    EXPECT_FALSE(ReadQueryShortcut(queries, u"Новинки"_s));
-    EXPECT_TRUE(ReadQueryShortcut(queries, u"Все"_s));
-
-    queries.removeSection(u"Группы"_s);
-    EXPECT_TRUE(DeleteQueryShortcut(queries, u"Группы"_s));
-    EXPECT_FALSE(DeleteQueryShortcut(queries, u"Группы"_s));
-    EXPECT_EQ(QueryShortcutNames(queries), QStringList(u"Все"_s));
-    queries.removeSection(u"Query"_s);
-    EXPECT_FALSE(DeleteQueryShortcut(queries, u"Все"_s));
-}
 
 TEST_F(Shortcuts, AClickShowsWhatSatisfiesAllConditions)
 {

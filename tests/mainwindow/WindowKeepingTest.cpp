@@ -1,4 +1,3 @@
-#include "mainwindow/QueryShortcuts.h"
 #include "mainwindow/ToolbarLayout.h"
 #include "mainwindow/WindowPlace.h"
 #include "platform/Literals.h"
@@ -90,17 +89,4 @@ TEST_F(WindowKeeping, ALayoutFileThatIsCutOrDamagedAnywhereCountsAsMissing)
         changed.close();
         EXPECT_FALSE(LoadToolbarLayout(path)) << at;
     }
-}
-
-TEST_F(WindowKeeping, ShortcutsAreReadInTheirOrderAndADamagedCountIsBounded)
-{
-    EXPECT_EQ(QueryShortcutNames(settings), QStringList());
-    settings.write(u"Query", u"Count", u"3"_s);
-    settings.write(u"1"_s, u"Name", u"Новинки"_s);
-    settings.write(u"3"_s, u"Name", u"Игры"_s);
-    EXPECT_EQ(QueryShortcutNames(settings), QStringList({u"Новинки"_s, u"Игры"_s}));
-    settings.write(u"Query", u"Count", u"99999999999"_s);
-    EXPECT_EQ(QueryShortcutNames(settings).size(), 2);
-    settings.write(u"Query", u"Count", u"-5"_s);
-    EXPECT_EQ(QueryShortcutNames(settings).size(), 0);
 }

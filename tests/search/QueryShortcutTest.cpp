@@ -10,7 +10,7 @@ protected:
 
     StoredQuery query(const QString& name, const QString& value) const
     {
-        return {name, "AD", {QueryCondition{"Название", "=", value}}};
+        return {name, "AD", {QueryFragment({"Название", "=", value})}};
     }
     QString read(const QString& section, const QString& key) const { return queries.read(section, key); }
 };
@@ -19,22 +19,26 @@ protected:
 
 TEST_F(QueryShortcuts, FragmentsAreBuiltOfTheFieldAndTakenApartAgain)
 {
-    const std::pair<QueryCondition, QString> cases[] = {
-        {{"Номер", "<", "10"}, "And Номер < 10"},
-        {{"Номер", "LIKE", "1"}, "And Номер LIKE 1"},
-        {{"Название", "LIKE", "abc"}, "And Название LIKE '*abc*'"},
-        {{"Название", "=", "два слова "}, "And Название = 'два слова '"},
-        {{"Стиль", "LIKE", "Rock & Roll"}, "And Стиль LIKE '*Rock & Roll*'"},
-        {{"Жанр", "=", "Drum'n'Bass"}, "And Жанр = 'Drum''n''Bass'"},
-        {{"Описание", "LIKE", "'n*"}, "And Описание LIKE '*''n**'"},
+    const std::tuple<const CatalogueKind&, QueryCondition, QString> cases[] = {
+        {Audio(), {"Номер", "<", "10"}, "And Номер < 10"},
+        {Dvd(), {"Номер", "LIKE", "1"}, "And Номер LIKE 1"},
+        {Audio(), {"Название", "LIKE", "abc"}, "And Название LIKE '*abc*'"},
+        {Dvd(), {"Название", "=", "два слова "}, "And Название = 'два слова '"},
+        {Audio(), {"Стиль", "LIKE", "Rock & Roll"}, "And Стиль LIKE '*Rock & Roll*'"},
+        {Dvd(), {"Жанр", "=", "Drum'n'Bass"}, "And Жанр = 'Drum''n''Bass'"},
+        {Computer(), {"Описание", "LIKE", "'n*"}, "And Описание LIKE '*''n**'"},
+        {Computer(), {"Название", "=", "'"}, "And Название = ''''"},
     };
-    for (const auto& [condition, fragment] : cases) {
+    for (const auto& [kind, condition, fragment] : cases) {
         EXPECT_EQ(QueryFragment(condition), fragment);
-        EXPECT_EQ(SplitQueryFragment(fragment), condition) << qPrintable(fragment);
+        EXPECT_EQ(SplitQueryFragment(kind, fragment), condition) << qPrintable(fragment);
     }
     EXPECT_EQ(QueryFragment({"Альбом", "=", "[\"x\"]"}), "And Альбом = '(''x'')'");
-    EXPECT_EQ(SplitQueryFragment("And Название = 'it's'"), (QueryCondition{"Название", "=", "its"}));
-    for (const QString broken : {"", "And", "And Номер", "And Номер ="}) EXPECT_FALSE(SplitQueryFragment(broken));
+    EXPECT_EQ(SplitQueryFragment(Audio(), "Номер > 7"), (QueryCondition{"Номер", ">", "7"}));
+    for (const QString other : {"", "And", "And Номер", "And Номер =", "And Номер = x", "And Номер > 5 Or Номер < 3",
+                                "And Номер < 123456", "And Жанр = 'x'", "And Название > 'x'", "And Название = 'it's'",
+                                "And Название = 'a' Or Название = 'b'", "And Название LIKE 'x*'", "And (Номер > 5)"})
+        EXPECT_FALSE(SplitQueryFragment(Audio(), other)) << qPrintable(other);
 }
 
 TEST_F(QueryShortcuts, AnyValueMakesAStatementThatTheCatalogueCanRun)
@@ -59,15 +63,41 @@ TEST_F(QueryShortcuts, AreNumberedFromOneAndReplacedInTheirPlace)
     EXPECT_EQ(read("Query", "Count") + read("1", "Name") + read("Запрос2", "Num"), "1Запрос21");
     EXPECT_EQ(NewQueryName(queries), "Запрос3");
     StoredQuery second = query("Второй", "b");
-    second.conditions[2] = QueryCondition{"Номер", ">", "5"};
+    second.fragments[2] = "And Номер > 5";
     ASSERT_TRUE(StoreQuery(queries, second));
     EXPECT_EQ(ReadStoredQuery(queries, "Второй"), second);
-    EXPECT_EQ(read("Второй", "Query1") + '|' + read("Второй", "Query2"), "And Название = 'b'|");
+    EXPECT_EQ(second.filter(), "And Название = 'b' And Номер > 5");
 
     ASSERT_TRUE(StoreQuery(queries, query("Первый", "c"), "Запрос2"));
     EXPECT_EQ(read("Query", "Count") + read("1", "Name") + read("2", "Name"), "2ПервыйВторой");
     EXPECT_FALSE(ReadStoredQuery(queries, "Запрос2"));
     EXPECT_EQ(ReadStoredQuery(queries, "Первый"), query("Первый", "c"));
+}
+
+TEST_F(QueryShortcuts, DeletingOneMovesTheOthersUpAlsoWhenTheFileWasEdited)
+{
+    const auto file = [&] {
+        QStringList lines;
+        for (const QString n : {"1", "2", "3"}) lines += n + ' ' + read(n, "Name") + ' ' + read(read(n, "Name"), "Num");
+        return lines.join(", ");
+    };
+    for (const QString name : {"Новинки", "Группы", "Все"}) ASSERT_TRUE(StoreQuery(queries, query(name, "a")));
+    queries.write(u"Новинки", u"Num", "99999999999999999999");
+    EXPECT_TRUE(DeleteQuery(queries, "Новинки"));
+    EXPECT_EQ(read("Query", "Count") + ": " + file(), "2: 1 Группы 1, 2 Все 2, 3  ");
+    EXPECT_FALSE(ReadStoredQuery(queries, "Новинки"));
+    EXPECT_TRUE(ReadStoredQuery(queries, "Все"));
+
+    queries.removeSection(u"Группы");
+    EXPECT_TRUE(DeleteQuery(queries, "Группы"));
+    EXPECT_FALSE(DeleteQuery(queries, "Группы"));
+    EXPECT_EQ(QueryNames(queries), QStringList("Все"));
+    queries.write(u"Query", u"Count", "99999999999");
+    queries.write(u"1000", u"Name", "Последний");
+    queries.write(u"1001", u"Name", "Чужой");
+    EXPECT_EQ(QueryNames(queries), QStringList({"Все", "Последний"}));
+    queries.removeSection(u"Query");
+    EXPECT_FALSE(DeleteQuery(queries, "Все"));
 }
 
 TEST_F(QueryShortcuts, NamesAreFreeWhenNeitherAShortcutNorTheFileNeedsThem)

@@ -18,7 +18,7 @@ protected:
 
 TEST_F(CreateQuery, RefusesWhatIsIncompleteInOrderAndStoresTheRest)
 {
-    StoreQuery(program.queries(), {"Рок", "AD", {QueryCondition{"Стиль", "=", "Rock"}}});
+    StoreQuery(program.queries(), {"Рок", "AD", {"And Стиль = 'Rock'"}});
     run<frmCreateQuery>([&]() -> Script {
         EXPECT_EQ(control<QLineEdit>("txtName").selectedText(), "Запрос2");
         EXPECT_EQ(sharedMnemonics(), "");
@@ -61,10 +61,7 @@ TEST_F(CreateQuery, RefusesWhatIsIncompleteInOrderAndStoresTheRest)
 
 TEST_F(CreateQuery, ShowsAStoredOneAgainAndAnotherCatalogueBeginsAnew)
 {
-    const StoredQuery old{"Старый",
-                          "PC",
-                          {QueryCondition{"Описание", "=", "Квест"}, QueryCondition{"Описание", "LIKE", "3D"},
-                           QueryCondition{"Номер", "<", "50"}}};
+    const StoredQuery old{"Старый", "PC", {"And Описание = 'Квест'", "And Описание LIKE '*3D*'", "And Номер < 50"}};
     StoreQuery(program.queries(), old);
     const auto edit = [&](frmCreateQuery& form) { form.edit(*ReadStoredQuery(program.queries(), "Старый")); };
     runFilled<frmCreateQuery>(edit, [&]() -> Script {
@@ -77,7 +74,7 @@ TEST_F(CreateQuery, ShowsAStoredOneAgainAndAnotherCatalogueBeginsAnew)
         co_await type("txtName", "Новый");
         co_await click("imgButton_0");
     });
-    const StoredQuery changed{"Новый", "PC", {std::nullopt, old.conditions[1], old.conditions[2]}};
+    const StoredQuery changed{"Новый", "PC", {"", old.fragments[1], old.fragments[2]}};
     EXPECT_EQ(ReadStoredQuery(program.queries(), "Новый"), changed);
     EXPECT_EQ(stored("Query", "Count") + stored("Старый", "Category"), "1");
 
@@ -89,4 +86,34 @@ TEST_F(CreateQuery, ShowsAStoredOneAgainAndAnotherCatalogueBeginsAnew)
         EXPECT_EQ(shown("lblQuery_0"), "1.");
         co_await key(Qt::Key_Escape);
     });
+}
+
+TEST_F(CreateQuery, KeepsConditionsThatItCannotShowUntilAnotherFieldIsChosen)
+{
+    const StoredQuery old{
+        "Свой", "PC", {"And (Номер > 5 Or Номер < 3)", "And Описание = 'Нет в списке'", "And Номер LIKE 1*"}};
+    StoreQuery(program.queries(), old);
+    const auto edit = [&](frmCreateQuery& form) { form.edit(*ReadStoredQuery(program.queries(), "Свой")); };
+    runFilled<frmCreateQuery>(edit, [&]() -> Script {
+        EXPECT_EQ(shown("cmbQ1_0") + shown("txtQuery_0") + shown("lblQuery_0"),
+                  "(вручную)" + old.fragments[0] + "1. - Верно");
+        EXPECT_TRUE(control<QLineEdit>("txtQuery_0").isReadOnly() && !enabled("cmbQ2_0"));
+        EXPECT_EQ(shown("cmbQ2_1") + shown("txtQuery_1"), "=Нет в списке");
+        co_await picture("frmCreateQuery-by-hand");
+        co_await type("txtName", "Чужой");
+        co_await click("imgButton_0");
+    });
+    EXPECT_EQ(ReadStoredQuery(program.queries(), "Чужой"), (StoredQuery{"Чужой", "PC", old.fragments}));
+
+    const auto again = [&](frmCreateQuery& form) { form.edit(*ReadStoredQuery(program.queries(), "Чужой")); };
+    runFilled<frmCreateQuery>(again, [&]() -> Script {
+        co_await select("cmbQ1_0", "Название");
+        EXPECT_EQ(shown("txtQuery_0") + shown("lblQuery_0"), "1.");
+        co_await type("txtQuery_0", "日本");
+        co_await save("В ярлыке нельзя сохранить: 日本 (условие 1). Выберите сравнение LIKE, вместо этих знаков "
+                      "подойдут любые.");
+        co_await select("cmbQ2_0", "LIKE");
+        co_await click("imgButton_0");
+    });
+    EXPECT_EQ(stored("Чужой", "Query1") + stored("Чужой", "Query3"), "And Название LIKE '*??*'And Номер LIKE 1*");
 }
