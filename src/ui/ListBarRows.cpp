@@ -4,6 +4,7 @@
 #include "ui/Strokes.h"
 #include "ui/Theme.h"
 
+#include <QFocusEvent>
 #include <QPainter>
 
 namespace {
@@ -80,6 +81,14 @@ QSize ListBarItem::sizeHint() const
     return QSize(at.text + words + 2 * at.edge, at.row);
 }
 
+void ListBarItem::focusInEvent(QFocusEvent* event)
+{
+    const Qt::FocusReason reason = event->reason();
+    const bool back = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+    if (!back) m_byKeyboard = reason != Qt::MouseFocusReason;
+    QAbstractButton::focusInEvent(event);
+}
+
 void ListBarItem::paintEvent(QPaintEvent*)
 {
     const Places at(this);
@@ -90,19 +99,19 @@ void ListBarItem::paintEvent(QPaintEvent*)
     const qreal pale = Theme::dark(palette()) ? 0.32 : 0.15;
     if (isEnabled() && isDown()) {
         Strokes::roundRect(painter, ground, radius, Theme::mix(window, highlight, pale * 1.5));
-    } else if (hasFocus()) {
+    } else if (marked()) {
         Strokes::roundRect(painter, ground, radius, Theme::mix(window, highlight, pale));
     } else if (isEnabled() && underMouse()) {
         Strokes::roundRect(painter, ground, radius, Theme::mix(window, palette().color(QPalette::WindowText), 0.06));
     }
-    if (hasFocus()) {
+    if (marked()) {
         const qreal thick = qMax(3.0, at.line * 0.19), inset = height() * 0.24;
         Strokes::roundRect(painter, QRectF(ground.left(), inset, thick, height() - 2 * inset), thick, highlight);
     }
 
     const QRect picture(at.iconAt, (height() - at.icon) / 2, at.icon, at.icon);
     icon().paint(&painter, picture, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
-    painter.setFont(hasFocus() ? Theme::heading(font()) : font());
+    painter.setFont(marked() ? Theme::heading(font()) : font());
     painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
     const QRect words = rect().adjusted(at.text, 0, -at.edge, 0);
     painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeft,

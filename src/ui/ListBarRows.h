@@ -12,7 +12,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// One item of the list bar: lit under the mouse, marked at its edge while it has the keyboard.
+/// One item of the list bar: lit under the mouse, marked at its edge while the keyboard is used on it. A click leaves no
+/// mark, which would say that what it opened is still open.
 class ListBarItem : public QAbstractButton {
 public:
     ListBarItem(const QString& key, const QString& caption, const QIcon& icon);
@@ -20,10 +21,13 @@ public:
     const QString& key() const { return m_key; }
     const QString& caption() const { return m_caption; }
     QSize sizeHint() const override;
+    bool marked() const { return hasFocus() && m_byKeyboard; }
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QString m_key, m_caption;
+    bool m_byKeyboard = false; ///< came the focus here
 };

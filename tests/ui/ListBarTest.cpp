@@ -2,6 +2,7 @@
 
 #include "platform/Literals.h"
 #include "ui/Icons.h"
+#include "ui/ListBarRows.h"
 #include "ui/Theme.h"
 
 #include <QAbstractButton>
@@ -62,6 +63,20 @@ TEST_F(ListBars, ArrowsWalkThroughItemsThatCanBeChosen)
     EXPECT_EQ(focused(), u"B3"_s) << "stops at the last";
     press({Qt::Key_Return, Qt::Key_Space});
     EXPECT_EQ(clicked, u"b:B3 b:B3 "_s);
+}
+
+TEST_F(ListBars, TheKeyboardMarksItsItemAndAClickDoesNot)
+{
+    const auto marked = [&](const QString& name) { return static_cast<ListBarItem*>(row(name))->marked(); };
+    QTest::mouseClick(row(u"A1"_s), Qt::LeftButton);
+    EXPECT_TRUE(row(u"A1"_s)->hasFocus() && !marked(u"A1"_s));
+    QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason); // behind the window that it opened
+    QApplication::sendEvent(row(u"A1"_s), &back);
+    EXPECT_FALSE(marked(u"A1"_s));
+    press({Qt::Key_Down});
+    EXPECT_TRUE(marked(u"A2"_s));
+    QApplication::sendEvent(row(u"A2"_s), &back);
+    EXPECT_TRUE(marked(u"A2"_s));
 }
 
 TEST_F(ListBars, TabStopsAtAnItemThatCanBeChosen)
