@@ -117,8 +117,8 @@ void HitList::setCaptions(const QStringList& captions)
 void HitList::setHits(Hits hits)
 {
     stopSorting();
-    m_sortKey = -1;
-    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    m_sortFailed = false;
+    showSortKey(-1, false);
     m_model->reset([&] { m_model->hits = std::move(hits); });
 }
 
@@ -135,17 +135,37 @@ void HitList::setSortable(bool sortable)
 void HitList::clickColumn(int column)
 {
     stopSorting();
-    m_descending = column == m_sortKey && !m_descending;
-    m_sortKey = column;
-    horizontalHeader()->setSortIndicator(column, m_descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    showSortKey(column, column == m_sortKey && !m_descending);
+    m_sortFailed = false;
     m_sorting = std::make_unique<Sorting>();
     emit sortingChanged(true);
     const auto sort = [this, &sorting = *m_sorting, column, descending = m_descending, number = ++m_sortings] {
-        sorting.order = m_model->hits.sorted(Hits::Column(column), descending, sorting.stopped);
+        try {
+            sorting.order = m_model->hits.sorted(Hits::Column(column), descending, sorting.stopped);
+        } catch (const std::exception&) { // no memory; the order stays empty
+        }
         QMetaObject::invokeMethod(
             this, [this, number] { takeOrder(number); }, Qt::QueuedConnection);
     };
-    m_sorting->thread = std::thread(sort);
+    try {
+        m_sorting->thread = std::thread(sort);
+    } catch (const std::system_error&) {
+        giveUpSorting();
+    }
+}
+
+void HitList::giveUpSorting()
+{
+    m_sortFailed = true;
+    showSortKey(-1, false);
+    stopSorting();
+}
+
+void HitList::showSortKey(int column, bool descending)
+{
+    m_sortKey = column;
+    m_descending = descending;
+    horizontalHeader()->setSortIndicator(column, descending ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void HitList::stopSorting()
@@ -159,6 +179,7 @@ void HitList::takeOrder(int sorting)
 {
     if (!m_sorting || sorting != m_sortings) return; // given up
     m_sorting->thread.join();
+    if (m_sorting->order.size() != hits().size()) return giveUpSorting();
     const int row = m_model->reorder(std::move(m_sorting->order), currentRow());
     m_sorting.reset();
     {

@@ -27,6 +27,8 @@ public:
     /// Clicks on captions sort.
     void setSortable(bool sortable);
     bool sorting() const { return m_sorting != nullptr; }
+    /// The last click on a caption could not be followed; the rows are where they were.
+    bool sortFailed() const { return m_sortFailed; }
 
     /// Type-ahead would read every row.
     void keyboardSearch(const QString&) override {}
@@ -50,10 +52,13 @@ private:
     void clickColumn(int column);
     void stopSorting();
     void takeOrder(int sorting);
+    void giveUpSorting();
+    void showSortKey(int column, bool descending);
 
     Model* m_model;
     int m_sortKey = -1;
     bool m_descending = false;
     std::unique_ptr<Sorting> m_sorting;
     int m_sortings = 0; ///< begun so far
+    bool m_sortFailed = false;
 };

@@ -94,6 +94,7 @@ Hits::Order Hits::sorted(Column column, bool descending, const std::atomic<bool>
         const ListHits& list = m_lists[disc];
         const quint64 number = quint64(m_discs[disc].number) << 3 | quint64(m_discs[disc].disc);
         for (quint32 row = 0; row < list.size(); ++row) {
+            if (stopped.load(std::memory_order_relaxed)) return {};
             const std::string_view text = column == Name ? list.name(row) : column == Path ? list.path(row) : "";
             rows.push_back({{quint32(disc), row}, column == Number ? TextStart{number, true} : StartOf(text), text});
         }

@@ -62,7 +62,8 @@ public:
     QString number(std::size_t hit) const;
 
     /// The order by one column, equal ones as the catalogue has them; texts in the order of titles, numbers by their value.
-    /// For a thread of its own while nothing is appended; empty when `stopped` became true.
+    /// For a thread of its own while nothing is appended; empty when `stopped` became true. Throws what the system throws
+    /// without memory or threads.
     Order sorted(Column column, bool descending, const std::atomic<bool>& stopped) const;
     const Order& order() const { return m_order; }
     void setOrder(Order order) { m_order = std::move(order); }

@@ -145,12 +145,12 @@ void frmDBFind::Form_Unload()
     program.shared.OpenedFromSearch = false;
 }
 
-/// Esc stops a walk before it closes the form.
-bool frmDBFind::Form_QueryUnload()
+void frmDBFind::reject()
 {
-    if (!running()) return true;
-    stopWalk();
-    return false;
+    if (running())
+        stopWalk();
+    else
+        Screen::reject();
 }
 
 ListSearch& frmDBFind::search()
@@ -270,6 +270,7 @@ void frmDBFind::showProgress()
     if (!m_unread.isEmpty()) said += u"не читается списков: %1"_s.arg(m_unread.size());
     if (m_stopped) said += u"поиск остановлен"_s;
     if (lvFind->sorting()) said += u"сортировка…"_s;
+    if (lvFind->sortFailed()) said += u"для сортировки не хватает памяти"_s;
     lblProgress->setText(said.join(u", "_s));
 }
 
@@ -324,8 +325,9 @@ void frmDBFind::showNumberHint(int row)
         if (record.RecordCount() == 0) return;
         const QString title = kind.discTitle(record[u"Название"].text(),
                                              kind.album ? record[u"Альбом"].text() : QString());
-        const QString number = lvFind->hits().number(std::size_t(row));
-        txtNoFile->setText(u"Диск № %1: %2"_s.arg(number, title));
+        const int discs = qMax(record[u"Дисков"].toInt(), disc.disc);
+        const QString ofSet = discs > 1 ? u" (%1 из %2)"_s.arg(disc.disc).arg(discs) : QString();
+        txtNoFile->setText(u"Диск № %1%2: %3"_s.arg(disc.number).arg(ofSet, title));
     });
 }
 

@@ -38,7 +38,8 @@ protected:
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Unload() override;
-    bool Form_QueryUnload() override;
+    /// Esc stops a walk before it closes the form.
+    void reject() override;
 
 private:
     void buildLayout();

@@ -169,7 +169,7 @@ bool Form::event(QEvent* event)
 void Form::closeEvent(QCloseEvent* event)
 {
     event->ignore(); // the loop hides the window when its time has come
-    reject();
+    Form::reject();  // whatever Esc means to the screen
 }
 
 void Form::reject()

@@ -43,6 +43,7 @@ public:
     /// Ends that loop without Form_Unload: for an end of the process that has to return to its caller, as in a test.
     void Abandon();
     void done(int result) override;
+    /// Esc. A screen that it stops first overrides this; closing the window is closing it.
     void reject() override;
 
 protected:

@@ -2,6 +2,8 @@
 
 #include "harness/ScreenTest.h"
 
+#include <QAbstractItemModelTester>
+
 namespace {
 
 class DBFind : public ScreenTest {
@@ -51,7 +53,7 @@ TEST_F(DBFind, ShowsHitsOfFilesAndOpensTheirListAtThem)
         co_await find("DOC");
         EXPECT_EQ(shown("lvFind"), "docs.zip | 9 (2) | ...\nDocs.txt | 9 (2) | \\Docs\\\n");
         EXPECT_EQ(shown("lblResult"), "Результат поиска (найдено файлов: 2):");
-        EXPECT_EQ(focus() + ": " + shown("txtNoFile"), "lvFind: Диск № 9 (2): Игры");
+        EXPECT_EQ(focus() + ": " + shown("txtNoFile"), "lvFind: Диск № 9 (2 из 2): Игры");
         co_await picture("frmDBFind");
         co_await doubleClick("lvFind", "Docs.txt");
         EXPECT_EQ(screens.opened.value(0), "ShowFileList 9 \"Игры\" disc 2 of 2");
@@ -71,6 +73,8 @@ TEST_F(DBFind, ShowsHitsOfFilesAndOpensTheirListAtThem)
 TEST_F(DBFind, FoldersAreOpenedWithoutAFile)
 {
     run<frmDBFind>([&]() -> Script {
+        const QAbstractItemModelTester tester(control<HitList>("lvFind").model(),
+                                              QAbstractItemModelTester::FailureReportingMode::Fatal);
         co_await click("optSearchMethod_1");
         EXPECT_EQ(columns(), "Имя папки № Путь");
         co_await find("");
@@ -102,7 +106,7 @@ TEST_F(DBFind, TracksHaveTheirOwnWordsAndNeitherFoldersNorComments)
             co_await find("мама");
             EXPECT_EQ(shown("lvFind"), "Мама    | 7 (3)\nмамА мы | 7 (3)\n");
             EXPECT_EQ(shown("lblResult"), "Результат поиска (найдено треков: 2):");
-            EXPECT_EQ(shown("txtNoFile"), "Диск № 7 (3): Кино - Ночь");
+            EXPECT_EQ(shown("txtNoFile"), "Диск № 7 (3 из 3): Кино - Ночь");
             co_await doubleClick("lvFind", "мамА мы");
             EXPECT_EQ(screens.opened.value(0), "ShowTrackList 7 \"Кино\" disc 3 of 3");
             EXPECT_EQ(screens.lastRequest.place->name + screens.lastRequest.album, "мамА мыНочь");
@@ -148,7 +152,7 @@ TEST_F(DBFind, AMissingListIsLoggedOnceAndAQuotationMarkIsToldWithoutEndingThePr
     });
 }
 
-TEST_F(DBFind, WhileItRunsItCanBeStoppedByTheButtonOrEscAndNothingElseActs)
+TEST_F(DBFind, WhileItRunsItCanBeStoppedByTheButtonOrEscOrClosedAndNothingElseActs)
 {
     QStringList lines;
     for (int i = 0; i < 2000; ++i) lines += QString("\\x%1 | 1").arg(i);
@@ -173,7 +177,7 @@ TEST_F(DBFind, WhileItRunsItCanBeStoppedByTheButtonOrEscAndNothingElseActs)
             EXPECT_TRUE(shown("lblProgress").endsWith(", поиск остановлен"));
         }
         co_await click("imgButton_1");
-        co_await click("imgButton_0"); // closes at once
+        co_await closeForm(); // at once
     });
     EXPECT_FALSE(program.shared.OpenedFromSearch);
 }
