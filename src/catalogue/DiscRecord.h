@@ -17,6 +17,12 @@ struct DiscRecord {
     QString binding;             ///< identifier of disc 1 for a new row, or empty
 };
 
+/// What is offered for a new row.
+struct OfferedTitle {
+    QString name;
+    QString album = {}; ///< where the catalogue has albums
+};
+
 /// Nothing when the row is gone, or its dictionary entry.
 std::optional<DiscRecord> ReadRecord(const Database& main, const CatalogueKind& kind, qint64 key);
 

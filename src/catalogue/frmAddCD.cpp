@@ -1,11 +1,11 @@
 #include "catalogue/frmAddCD.h"
 
 #include "catalogue/Catalogues.h"
-#include "catalogue/DiscRecord.h"
 #include "catalogue/Numbering.h"
 #include "catalogue/frmAddInCatalogue.h"
 #include "frame/Settings.h"
 #include "frame/Text.h"
+#include "platform/MMControl.h"
 #include "recognition/BoundDisc.h"
 #include "store/CddbServers.h"
 
@@ -165,6 +165,16 @@ bool frmAddCD::takeIdentifier()
     return true;
 }
 
+/// What the disc that is to be bound says of itself.
+OfferedTitle frmAddCD::titleOnDisc()
+{
+    if (!chAutoDetect->isChecked()) return {};
+    if (!kind.titleFromCdText) return {.name = m_disc.label};
+    MMControl device(program.drives);
+    device.Open(cmbDrive->currentText());
+    return {.name = device.contents().performer, .album = device.contents().title};
+}
+
 void frmAddCD::cmdOK()
 {
     Routine("cmdOK"_L1, [&] {
@@ -178,7 +188,7 @@ void frmAddCD::cmdOK()
         const auto editor = MakeEditor(program, kind);
         {
             const Hourglass hourglass;
-            editor->AddUnder(number, kind.titleFromLabel && chAutoDetect->isChecked() ? m_disc.label : QString());
+            editor->AddUnder(number, titleOnDisc());
         }
         Unload();
         hide(); // the editor comes up in this window's place, and this one does not come back

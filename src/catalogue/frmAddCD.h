@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/CatalogueScreen.h"
+#include "catalogue/DiscRecord.h"
 #include "recognition/DiscIdentity.h"
 #include "ui/ImageButton.h"
 
@@ -42,6 +43,7 @@ private:
     void refuseDetection();
     std::optional<int> shiftFor(int number);
     bool takeIdentifier();
+    OfferedTitle titleOnDisc();
 
     DiscInDrive m_disc; ///< as last read
     std::optional<qint64> m_added;

@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 frmAddInCatalogue::frmAddInCatalogue(Program& program, const CatalogueKind& kind)
     : CatalogueScreen(program, kind, kind.editor, u"Добавление диска"_s),
@@ -40,7 +41,7 @@ PrefixCompletion* frmAddInCatalogue::completion(QLineEdit* box)
 {
     m_freeTexts += box;
     auto* made = new PrefixCompletion(box, this);
-    made->setActive([this] { return program.shared.CatalogueQueryFilter != u"edit:1"; });
+    made->setActive([this] { return !m_offering && program.shared.CatalogueQueryFilter != u"edit:1"; });
     return made;
 }
 
@@ -105,17 +106,16 @@ void frmAddInCatalogue::Form_Load()
     });
 }
 
-void frmAddInCatalogue::AddUnder(int number, const QString& title)
+void frmAddInCatalogue::AddUnder(int number, const OfferedTitle& offered)
 {
     Load();
     m_key = 0;
     m_number = number;
     lblCDsCount0->setText(kind.addCaption);
     lblNumber->setText(QString::number(number));
-    {
-        const QSignalBlocker nothingTyped(txtName); // that would have to be completed
-        txtName->setText(title);
-    }
+    const QScopedValueRollback offering(m_offering, true);
+    txtName->setText(offered.name);
+    if (!offered.album.isEmpty()) showExtras({{u"Альбом"_s, offered.album}});
     txtName->selectAll();
 }
 

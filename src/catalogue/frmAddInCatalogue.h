@@ -15,8 +15,8 @@ public:
     frmAddInCatalogue(Program& program, const CatalogueKind& kind);
 
     /// One of the two, before ShowModal(). A change takes OldDiscCount from the record.
-    /// `title` is offered: typing replaces it.
-    void AddUnder(int number, const QString& title = {});
+    /// The title is offered: typing replaces it.
+    void AddUnder(int number, const OfferedTitle& offered = {});
     void Change(const DiscRecord& record);
 
     /// Key of the disc that was saved.
@@ -69,6 +69,7 @@ private:
 
     qint64 m_key = 0;
     int m_number = 0;
+    bool m_offering = false; ///< what the boxes get is not typed, and is not to be completed
     std::optional<qint64> m_saved;
     PrefixCompletion* m_dictionary = nullptr;
     QList<PrefixCompletion*> m_titles;

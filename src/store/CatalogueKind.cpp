@@ -84,6 +84,7 @@ const CatalogueKind& Audio()
         .clearsAutoDetectTag = false,
         .extraFields = {u"Альбом"_s, u"Записей1"_s, u"Записей2"_s, u"Записей3"_s, u"Записей4"_s, u"Записей5"_s,
                         u"Записей6"_s, u"Время1"_s, u"Время2"_s, u"Время3"_s, u"Время4"_s, u"Время5"_s, u"Время6"_s},
+        .titleFromCdText = true,
         .noIdentifierMessage = u"Идентификатор диска не обнаружен!"_s,
         .searchEnd = 10000,
         .addingEndsFilter = false,
@@ -156,7 +157,6 @@ const CatalogueKind& Computer()
         .clearsAutoDetectTag = true,
         .extraFields = {u"РасОписание"_s},
         .reductionFifthField = u"ДискID45"_s,
-        .titleFromLabel = true,
         .noIdentifierMessage = u"Идентификатор не обнаружен!"_s,
     };
     return kind;

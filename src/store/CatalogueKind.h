@@ -96,7 +96,8 @@ struct CatalogueKind {
     QString reductionFifthField = listField(5);
 
     // Add dialog
-    bool titleFromLabel = false; ///< the label of the medium is offered as the title of a new disc
+    /// A new disc is offered the performer and title of the medium's CD-TEXT, not its label, as its titles.
+    bool titleFromCdText = false;
     QString noIdentifierMessage;
     int searchEnd = 0; ///< a search for a free number gives up when a refusal brings it here; 0: never
     /// A disc that is entered by hand ends CatalogueQueryFilter, so that the list on view is a query no longer.

@@ -51,15 +51,22 @@ TEST_F(AddDisc, OffersTheFirstFreeNumberAndBindsANewDiscOfTheRightKind)
 class AddDiscAnywhere : public AddDisc, public testing::WithParamInterface<const CatalogueKind*> {};
 INSTANTIATE_TEST_SUITE_P(, AddDiscAnywhere, testing::ValuesIn(AllCatalogues()), CodeOfCatalogue);
 
-TEST_P(AddDiscAnywhere, BindsItsOwnKindOfDiscAndHandsOverToItsEditor)
+TEST_P(AddDiscAnywhere, BindsItsOwnKindOfDiscAndHandsItsTitleOverToItsEditor)
 {
     const CatalogueKind& kind = *GetParam();
     const bool audio = &kind == &Audio();
     const auto medium = [&](quint32 serial) {
-        if (audio) return FakeDisc::data("Audio CD", serial, 221);
+        if (audio) {
+            auto disc = FakeDisc::audio({{0, 2, 0}}, {9, 2, 0});
+            disc->properties.serial = serial;
+            disc->contents.performer = "Оркестр";
+            disc->contents.title = "Снег";
+            return disc;
+        }
         return &kind == &Dvd() ? FakeDisc::dvd("FILM", serial) : FakeDisc::data("DATA", serial);
     };
     const QString filter = "AND Год = \"1\"";
+    shelf.audio(7, "Снегири", "");
     program.shared.CatalogueQueryFilter = filter;
     FakeDrive& drive = insert(medium(0));
     const auto script = [&]() -> Script {
@@ -71,11 +78,14 @@ TEST_P(AddDiscAnywhere, BindsItsOwnKindOfDiscAndHandsOverToItsEditor)
         drive.medium = medium(0x1A2B);
         expectForm(kind.editor);
         co_await click("imgButton_0");
+        EXPECT_EQ(shown("txtName"), audio ? "Оркестр" : &kind == &Dvd() ? "FILM" : "DATA");
+        EXPECT_EQ(control<QLineEdit>("txtName").selectedText(), shown("txtName"));
+        EXPECT_EQ(audio ? shown("txtAlbum") : "Снег", "Снег") << "and is not completed";
         co_await type("txtName", "Новый");
         co_await click("imgButton_0");
     };
     run<frmAddCD>(script, kind);
-    EXPECT_EQ(rows("SELECT Номер, Название, ДискID1_d FROM " + kind.table), "1 | Новый | 1A2B\n");
+    EXPECT_EQ(rows("SELECT Номер, Название, ДискID1_d FROM " + kind.table + " WHERE Номер = 1"), "1 | Новый | 1A2B\n");
     EXPECT_EQ(program.shared.CatalogueQueryFilter, audio ? filter : "") << "a query of audio discs stays one";
 }
 
