@@ -28,7 +28,7 @@ frmAddInCatalogue::frmAddInCatalogue(Program& program, const CatalogueKind& kind
     DiscCountKeys(txtCDs);
     lblNumber->setFont(Theme::heading(font()));
 
-    imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Сохранить диск"_s);
+    imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Сохранить диск"_s, Qt::CTRL | Qt::Key_Enter);
     imgButton[1]->setup(u"cancel"_s, u"Отмена"_s, u"Закрыть, не сохраняя"_s);
     imgButton[0]->setDefault(true);
     connect(imgButton[0], &ImageButton::clicked, this, [this] { cmdAdd(); });

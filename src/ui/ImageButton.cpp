@@ -21,6 +21,8 @@ void ImageButton::setup(const QString& iconName, const QString& text, const QStr
     if (!shortcut.isEmpty()) {
         m_shortcut = new QShortcut(shortcut, this, [this] { click(); });
         m_shortcut->setAutoRepeat(false);
+        if (const QKeyCombination first = shortcut[0]; first.key() == Qt::Key_Enter) // that of the keypad alone
+            m_shortcut->setKeys({shortcut, QKeyCombination(first.keyboardModifiers(), Qt::Key_Return)});
         const QString keys = shortcut.toString(QKeySequence::NativeText);
         m_hint = hint.isEmpty() ? keys : u"%1 (%2)"_s.arg(hint, keys);
     }
