@@ -1,6 +1,7 @@
 #include "catalogue/frmSelectCD.h"
 
 #include "frame/Text.h"
+#include "ui/Lettering.h"
 #include "ui/Theme.h"
 
 #include <QKeyEvent>
@@ -35,6 +36,9 @@ void frmSelectCD::setUpControls()
     imgButton[1]->setup(u"cancel"_s, u"Отмена"_s, u"Закрыть без выбора"_s);
     imgButton[2]->setup(u"list-all"_s, u"Все диски"_s, u"Показать все диски"_s, Qt::Key_F5);
     imgButton[2]->setEnabled(false);
+    lblBound->setText(u"уже привязан"_s);
+    lettered(lblBound, Lettering::Caption);
+    lblBound->hide();
 }
 
 void frmSelectCD::build()
@@ -48,7 +52,7 @@ void frmSelectCD::build()
 
     auto* top = row(sign(), label(kind.nameCaption + u" [запрос]"_s, txtName), txtName, imgButton[2]);
     auto* counter = row(label(u"Дисков в списке:"_s), lblCDsCount1, stretch);
-    auto* choice = row(number, txtNumber, disc, cmbCountCD, stretch, imgButton[0], imgButton[1]);
+    auto* choice = row(number, txtNumber, disc, cmbCountCD, lblBound, stretch, imgButton[0], imgButton[1]);
     for (QBoxLayout* line : {counter, choice}) line->setSpacing(Theme::Gap);
     choice->insertSpacing(2, Theme::Gap);
     auto* all = column(top, dbGrid, counter, choice);
@@ -66,6 +70,7 @@ void frmSelectCD::connectControls()
     connect(dbGrid, &DBGrid::typed, this, [this](const QString& character) {
         Routine("DBGrid_KeyPress"_L1, [&] { m_typeAhead.typed(*dcDatabase, character); });
     });
+    connect(cmbCountCD, &QComboBox::currentIndexChanged, this, [this] { showBinding(); });
     connect(dbGrid, &DBGrid::rowDoubleClicked, this, [this] { cmdOK(); });
     connect(imgButton[0], &ImageButton::clicked, this, [this] { cmdOK(); });
     connect(imgButton[1], &ImageButton::clicked, this, [this] { Unload(); });
@@ -130,6 +135,21 @@ void frmSelectCD::dcDatabase_Reposition()
     });
 }
 
+void frmSelectCD::tellBindings()
+{
+    m_tellsBindings = true;
+    showBinding();
+}
+
+void frmSelectCD::showBinding()
+{
+    Routine("cmbCountCD_Click"_L1, [&] {
+        const int disc = cmbCountCD->currentIndex() + 1;
+        lblBound->setVisible(m_tellsBindings && disc > 0 &&
+                             !dcDatabase->value(CatalogueKind::bindingField(disc)).text().isEmpty());
+    });
+}
+
 void frmSelectCD::cmdOK()
 {
     if (!imgButton[0]->isEnabled()) return;
@@ -138,7 +158,7 @@ void frmSelectCD::cmdOK()
     Unload();
 }
 
-std::optional<DiscChoice> PickDisc(Program& program, const QString& mode, QWidget* opener)
+static std::optional<DiscChoice> pick(Program& program, const QString& mode, QWidget* opener, bool toBind)
 {
     program.shared.CatalogueQueryFilter = mode;
     program.shared.PickedDisc.clear();
@@ -147,8 +167,19 @@ std::optional<DiscChoice> PickDisc(Program& program, const QString& mode, QWidge
         const Hourglass hourglass;
         picker.Load();
     }
+    if (toBind) picker.tellBindings();
     picker.ShowModal(opener);
     const QString picked = std::exchange(program.shared.PickedDisc, {});
     if (picked.isEmpty()) return {};
     return DiscChoice{.key = picker.chosenKey(), .number = picked.chopped(2).toInt(), .disc = picked.last(1).toInt()};
+}
+
+std::optional<DiscChoice> PickDisc(Program& program, const QString& mode, QWidget* opener)
+{
+    return pick(program, mode, opener, false);
+}
+
+std::optional<DiscChoice> PickDiscToBind(Program& program, const CatalogueKind& kind)
+{
+    return pick(program, u"full"_s + kind.code, nullptr, true);
 }

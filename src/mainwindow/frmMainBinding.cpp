@@ -26,7 +26,7 @@ static QString readIdentifier(Program& program, const QString& drive)
 
 void frmMain::bindDisc(const CatalogueKind& kind, const QString& drive)
 {
-    const auto choice = ::PickDisc(program, u"full"_s + kind.code);
+    const auto choice = PickDiscToBind(program, kind);
     if (!choice) return;
     establish(kind, *choice, readIdentifier(program, drive));
     LoadData();

@@ -21,7 +21,10 @@ protected:
         expectForm("frmSelectCD");
         co_await focusOn("lblSharePC");
         co_await key(Qt::Key_Return);
+        EXPECT_FALSE(visible("lblBound"));
         co_await select("cmbCountCD", "2");
+        EXPECT_TRUE(visible("lblBound"));
+        co_await picture("picker-bound");
         expectBox("Диск № 7 уже привязан к другому номеру диска!", 48);
         expectBox("Установить привязку на диск №7 (CD2):\rDebian?", 36, answer);
         if (answer == Answer::Yes) expectBox("Привязка успешно установлена на диск №7 (CD2)", 64);
