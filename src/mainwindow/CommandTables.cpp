@@ -37,6 +37,7 @@ const QList<Command>& AllCommands()
         {u"ID_View_Toolbars_Catalog"_s, u"&Каталоги"_s, {}, {}, {}, {}, true},
         {u"ID_View_Toolbars_Due"_s, u"&Должники"_s, {}, {}, {}, {}, true},
         {u"ID_View_Toolbars_DB"_s, u"&База данных"_s, {}, {}, {}, {}, true},
+        {u"ID_View_Toolbars_Drive"_s, u"&Устройство"_s, {}, {}, {}, {}, true},
         {u"ID_View_Toolbars_Option"_s, u"&Настройка..."_s, u"toolbar"_s, {}, u"frmToolbars"_s},
         {u"ID_Panel"_s, u"&Панель vinora"_s, u"panel"_s, {u"F9"_s}, {}, {}, true},
         // Помощь
@@ -108,8 +109,8 @@ const QList<MenuDef>& AllMenus()
         {u"ID_View"_s, u"&Вид"_s, {u"ID_View_Toolbars"_s, u"ID_Panel"_s}, true},
         {u"ID_View_Toolbars"_s,
          u"Панели &инструментов"_s,
-         {u"ID_View_Toolbars_Catalog"_s, u"ID_View_Toolbars_Due"_s, u"ID_View_Toolbars_DB"_s, u"-"_s,
-          u"ID_View_Toolbars_Option"_s}},
+         {u"ID_View_Toolbars_Catalog"_s, u"ID_View_Toolbars_Due"_s, u"ID_View_Toolbars_DB"_s,
+          u"ID_View_Toolbars_Drive"_s, u"-"_s, u"ID_View_Toolbars_Option"_s}},
         {u"ID_Help"_s, u"&Помощь"_s, {u"ID_Help_Index"_s, u"ID_Help_Info"_s, u"-"_s, u"ID_Help_About"_s}, true},
         {u"ID_QuickAD"_s,
          {},
@@ -135,7 +136,9 @@ const QList<ToolbarDef>& AllToolbars()
         {u"База данных"_s,
          u"ID_View_Toolbars_DB"_s,
          {u"ID_DB_Search"_s, u"ID_DB_Open"_s, u"ID_DB_OpenLocal"_s, u"ID_DB_Wizard"_s, u"ID_DB_Option"_s}},
-        {u"Устройство"_s, {}, {u"ID_DB_DefaultCDDVDROM"_s, u"ID_Drive_Insert"_s, u"ID_Drive_Eject"_s}},
+        {u"Устройство"_s,
+         u"ID_View_Toolbars_Drive"_s,
+         {u"ID_DB_DefaultCDDVDROM"_s, u"ID_Drive_Insert"_s, u"ID_Drive_Eject"_s}},
     };
     return all;
 }

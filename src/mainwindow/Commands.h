@@ -47,7 +47,7 @@ const QList<MenuDef>& AllMenus();
 
 struct ToolbarDef {
     QString name;   ///< its caption and its name in the stored layout: "Каталоги"
-    QString toggle; ///< the command that shows and hides it, empty for the one that always stays
+    QString toggle; ///< the command that shows and hides it
     QStringList entries;
 };
 const QList<ToolbarDef>& AllToolbars();

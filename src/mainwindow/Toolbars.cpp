@@ -55,7 +55,6 @@ Toolbars::Toolbars(QMainWindow& window, const Commands& commands, QComboBox* dri
         bar->setFloatable(false);
         m_window.addToolBar(bar);
         fill(def, def.entries);
-        if (def.toggle.isEmpty()) continue;
         QAction* toggle = m_commands.action(def.toggle);
         QObject::connect(toggle, &QAction::toggled, bar, &QToolBar::setVisible);
         toggle->setChecked(true);
@@ -108,7 +107,7 @@ void Toolbars::restore(const QList<ToolbarPlace>& places)
         if (place.newLine) m_window.addToolBarBreak(place.area);
         m_window.addToolBar(place.area, bar);
         fill(*def, place.tools);
-        bar->setVisible(place.visible || def->toggle.isEmpty());
+        bar->setVisible(place.visible);
     }
     tick();
 }
@@ -128,6 +127,5 @@ void Toolbars::setTools(const ToolbarTools& tools)
 
 void Toolbars::tick() const
 {
-    for (const ToolbarDef& def : AllToolbars())
-        if (QAction* toggle = m_commands.action(def.toggle)) toggle->setChecked(!bar(def.name)->isHidden());
+    for (const ToolbarDef& def : AllToolbars()) m_commands.action(def.toggle)->setChecked(!bar(def.name)->isHidden());
 }

@@ -17,8 +17,7 @@ QStringList OfferedTools(const ToolbarDef& toolbar);
 /// The same without what the toolbar may not hold and without repetitions.
 QStringList KnownTools(const ToolbarDef& toolbar, const QStringList& tools);
 
-/// The toolbars of the main window: made as designed, then as the user has them. One that has no command to show it by
-/// is always in sight.
+/// The toolbars of the main window: made as designed, then as the user has them.
 class Toolbars {
 public:
     Toolbars(QMainWindow& window, const Commands& commands, QComboBox* driveSelector);
