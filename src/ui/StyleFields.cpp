@@ -20,16 +20,16 @@ namespace {
 
 bool has(const QStyleOption* option, QStyle::StateFlag flag) { return option->state & flag; }
 
-// The box of a field: in the accent, and twice as strong, while it has the keyboard.
+// The box of a field: in the accent, and twice as strong, while it has the keyboard; flat where nothing can be entered.
 void drawFieldBox(QPainter& painter, const QStyleOption* option, bool editable)
 {
     const QPalette& palette = option->palette;
     const bool enabled = has(option, QStyle::State_Enabled);
     const bool focused = enabled && has(option, QStyle::State_HasFocus);
-    QColor fill = palette.color(QPalette::Base);
-    if (!editable || !enabled) fill = Theme::mix(fill, palette.color(QPalette::Window), 0.65);
-    QColor line = focused ? palette.color(QPalette::Highlight) : edge(option);
-    if (enabled && !focused && has(option, QStyle::State_MouseOver))
+    QColor fill = palette.color(editable ? QPalette::Base : QPalette::Window);
+    if (!enabled) fill = Theme::mix(fill, palette.color(QPalette::Window), 0.65);
+    QColor line = focused ? palette.color(QPalette::Highlight) : editable ? edge(option) : Theme::hairline(palette);
+    if (enabled && editable && !focused && has(option, QStyle::State_MouseOver))
         line = Theme::mix(line, palette.color(QPalette::WindowText), 0.25);
     Strokes::roundRect(painter, option->rect, radius(option), fill, line, focused ? 2 : 1);
 }
