@@ -34,6 +34,8 @@ void InformerRow::save(const Profile& settings) const
 void InformerRow::open(bool open)
 {
     slider->setEnabled(open);
+    slider->setToolTip(open || steady->isChecked() ? QString()
+                                                   : u"Чтобы выбрать частоту, поставьте и снимите отметку"_s);
     show();
 }
 
