@@ -34,8 +34,6 @@ frmFileList::frmFileList(Program& program, const ListRequest& request) : ListScr
     txtNoFiles->setText(u"В этой папке нет файлов"_s);
     txtNoFiles->setAlignment(Qt::AlignCenter);
     txtNoFiles->setEnabled(false);
-    trView->setHeaderHidden(true);
-    trView->setUniformRowHeights(true);
     trView->setModel(&tree);
     trView->setMinimumHeight(fontMetrics().height() * 12);
     trView->setAccessibleName(u"Папки"_s);

@@ -2,12 +2,11 @@
 
 #include "contents/FileLists.h"
 #include "contents/FolderModel.h"
+#include "contents/FolderView.h"
 #include "contents/ListScreen.h"
 #include "ui/ListView.h"
-#include "ui/SteadyView.h"
 
 #include <QSplitter>
-#include <QTreeView>
 
 /// The file lists of one row of the computer catalogue: folders, their files, comments on both, and what makes and
 /// deletes a list.
@@ -16,7 +15,7 @@ public:
     frmFileList(Program& program, const ListRequest& request);
 
     QSplitter* picSlider = named("picSlider"); ///< Alt+Left and Alt+Right move it
-    SteadyView<QTreeView>* trView = named("trView");
+    FolderView* trView = named("trView");
     ListView* lvFiles = named("lvFiles");
     QLabel* txtNoFiles = named("txtNoFiles"); ///< in place of the files of a folder without any
     QLineEdit* txtCommentDir = named("txtCommentDir");

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QTest>
 #include <QThread>
 
 namespace {
@@ -244,15 +245,23 @@ TEST_F(FileListOption, AMediumThatLeavesEndsTheWalkAfterOneMessage)
 TEST_F(FileListOption, StoppingEndsTheWalkAndKeepsTheList)
 {
     bool watchPaused = false;
+    std::function<void(QWidget&)> stop;
     disc->file("\\B\\X\\Y\\y", 0).file("\\B\\X\\x", 0).file("\\C\\c", 0);
     disc->asked = [&](const QString& folder) {
         watchPaused = program.shared.DriveWatchPaused;
-        if (folder == "\\B\\X\\") clickStop();
+        if (folder == "\\B\\X\\") stop(*dialogs.innermost());
     };
-    choose([&]() -> Script { co_await scan(); });
-    EXPECT_EQ(folders(), "\\\n\\B\\\n\\C\\\n");
-    EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер"), "1A2B\n");
-    EXPECT_TRUE(watchPaused);
+    const std::function<void(QWidget&)> ways[] = {[&](QWidget&) { clickStop(); },
+                                                  [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); },
+                                                  [](QWidget& window) { window.close(); }};
+    for (const auto& way : ways) {
+        stop = way;
+        ShelfDisc(program, Computer(), row).set("ДискID2", Value()); // the list is replaced without a word
+        choose([&]() -> Script { co_await scan(); });
+        EXPECT_EQ(folders(), "\\\n\\B\\\n\\C\\\n") << "way " << &way - ways;
+        EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер"), "1A2B\n");
+        EXPECT_TRUE(watchPaused);
+    }
 }
 
 TEST_F(FileListOption, StoppingWithinAFolderOfMusicReadsNoMoreTags)

@@ -125,6 +125,14 @@ QModelIndex Controls::showItem(QAbstractItemView& view, const QString& item)
     return index;
 }
 
+QPoint Controls::middleOf(QAbstractItemView& view, const QModelIndex& index)
+{
+    const QRect seen = view.visualRect(index).intersected(view.viewport()->rect());
+    if (seen.isEmpty())
+        m_runner.abort(u"%1 does not show its item %2."_s.arg(view.objectName(), index.data().toString()));
+    return seen.center();
+}
+
 void Controls::click(const QString& name, const QString& item, Qt::MouseButton button, bool twice)
 {
     QWidget& widget = usable(name);
@@ -132,7 +140,7 @@ void Controls::click(const QString& name, const QString& item, Qt::MouseButton b
     if (view) {
         const QModelIndex index = item.isNull() ? view->currentIndex() : showItem(*view, item);
         // Without an item a click falls beside the rows.
-        const QPoint spot = index.isValid() ? view->visualRect(index).center() : view->viewport()->rect().bottomRight();
+        const QPoint spot = index.isValid() ? middleOf(*view, index) : view->viewport()->rect().bottomRight();
         return clickAt(*view->viewport(), spot, button, twice);
     }
     if (QTabBar* tabs = tabsOf(widget)) return select(name, item.isNull() ? tabs->tabText(tabs->currentIndex()) : item);
@@ -153,7 +161,7 @@ void Controls::contextMenu(const QString& name, const QString& item)
     QPoint spot = widget.rect().center();
     if (auto* view = qobject_cast<QAbstractItemView*>(&widget)) {
         target = view->viewport();
-        spot = item.isNull() ? target->rect().bottomRight() : view->visualRect(showItem(*view, item)).center();
+        spot = item.isNull() ? target->rect().bottomRight() : middleOf(*view, showItem(*view, item));
     }
     QTest::mouseClick(target, Qt::RightButton, {}, spot, 0);
     QContextMenuEvent event(QContextMenuEvent::Mouse, spot, target->mapToGlobal(spot));

@@ -36,6 +36,7 @@ private:
     QWidget& keyboardTarget();
     QModelIndex findItem(QAbstractItemView& view, const QString& item);
     QModelIndex showItem(QAbstractItemView& view, const QString& item);
+    QPoint middleOf(QAbstractItemView& view, const QModelIndex& index);
 
     ScriptRunner& m_runner;
 };
