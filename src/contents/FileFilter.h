@@ -2,6 +2,8 @@
 
 #include "dao/Database.h"
 
+#include <bitset>
+
 /// A filter holds this many entries in force at most.
 inline constexpr int MaximumFilterEntries = 50;
 
@@ -15,7 +17,14 @@ public:
     bool FindFileInFiltr(const QString& name) const;
 
 private:
-    QStringList m_entries; // case folded
+    static constexpr std::size_t Pairs = 4096;
+    static std::size_t pair(QChar first, QChar second) { return (first.unicode() * 31U + second.unicode()) % Pairs; }
+    bool contained(QStringView folded) const;
+
+    // Case folded.
+    QStringList m_entries;           ///< of two letters and more, sorted
+    QString m_letters;               ///< entries of one
+    std::bitset<Pairs> m_beginnings; ///< pairs of letters that an entry may begin with
     bool m_wanted;
 };
 

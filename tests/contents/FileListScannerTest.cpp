@@ -6,6 +6,8 @@
 #include "harness/UdfImage.h"
 #include "platform/CodePage1251.h"
 
+#include <QRandomGenerator>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -161,6 +163,27 @@ TEST_F(FileListScanner, FilterLeavesOutOrTakesAlone)
     const QStringList entries{".txt", ".EXE", "", "c"}; // the empty one ends the list
     EXPECT_EQ(scan(*disc, {.filter = FileFilter(entries, false)}), "\\ . 0\n\\ c 0,0\n");
     EXPECT_EQ(scan(*disc, {.filter = FileFilter(entries, true)}), "\\ . 0\n\\ a.TXT.bak 0,0\n\\ b.exe 0,0\n");
+}
+
+TEST(FileFilter, FindsWhatLookingForEachEntryFinds)
+{
+    QRandomGenerator random(1);
+    const auto text = [&](qsizetype longest) {
+        QString made(random.bounded(1, longest + 1), u' ');
+        for (QChar& c : made) c = QString(".aAжЖЁßẞ")[random.bounded(8)];
+        return made;
+    };
+    int found = 0;
+    for (int n = 0; n < 2000; ++n) {
+        QStringList entries;
+        for (int i = 0; i < 3; ++i) entries += text(n % 3 + 2);
+        const QString name = text(12);
+        const bool contained = std::ranges::any_of(
+            entries, [&](const QString& entry) { return name.toCaseFolded().contains(entry.toCaseFolded()); });
+        EXPECT_EQ(FileFilter(entries, false).FindFileInFiltr(name), contained) << qPrintable(entries.join(' ') + name);
+        found += contained;
+    }
+    EXPECT_GT(std::min(found, 2000 - found), 500);
 }
 
 TEST_F(FileListScanner, TagsOfMusicBecomeComments)
