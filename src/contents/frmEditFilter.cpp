@@ -1,6 +1,7 @@
 #include "contents/frmEditFilter.h"
 
 #include "store/Schema.h"
+#include "ui/Lettering.h"
 
 #include <algorithm>
 
@@ -9,7 +10,7 @@ frmEditFilter::frmEditFilter(Program& program) : Screen(program, u"frmEditFilter
     optFilter[0]->setText(u"н&енужные файлы"_s);
     optFilter[1]->setText(u"ну&жные файлы"_s);
     optFilter[0]->setChecked(true);
-    lblInfo->setWordWrap(true);
+    lettered(lblHint, Lettering::Caption);
     lvFilter->setColumns({{u"Файлы (0)"_s}});
     lvFilter->setCheckable(true);
     lvFilter->setMinimumHeight(fontMetrics().height() * 12);
@@ -22,9 +23,9 @@ frmEditFilter::frmEditFilter(Program& program) : Screen(program, u"frmEditFilter
     imgButton[3]->setup(u"edit"_s, u"&Изменить…"_s, u"Изменить имя файла"_s, Qt::Key_F2);
 
     setLayout(column(row(optFilter[0], optFilter[1], stretch), lblInfo,
-                     row(lvFilter, column(imgButton[1], imgButton[3], imgButton[2], stretch)),
+                     row(lvFilter, column(imgButton[1], imgButton[3], imgButton[2], stretch)), lblHint,
                      row(cmdSelect, cmdDeselect, stretch, imgButton[0])));
-    resize(fontMetrics().averageCharWidth() * 74, fontMetrics().height() * 26);
+    resize(fontMetrics().averageCharWidth() * 74, fontMetrics().height() * 28);
 
     connect(optFilter[1], &QRadioButton::toggled, this, &frmEditFilter::optFilter_Click);
     connect(lvFilter, &ListView::rowChecked, this, &frmEditFilter::lvFilter_ItemCheck);
@@ -68,12 +69,24 @@ void frmEditFilter::enableFilterCommands()
     lvFilter->setCaption(0, u"Файлы (%1)"_s.arg(lvFilter->rowCount()));
     for (QWidget* command : std::initializer_list<QWidget*>{cmdSelect, cmdDeselect, imgButton[2], imgButton[3]})
         command->setEnabled(lvFilter->rowCount() > 0);
+    showHint();
+}
+
+void frmEditFilter::showHint()
+{
+    bool used = false;
+    for (int row = 0; row < lvFilter->rowCount(); ++row) used = used || lvFilter->isChecked(row);
+    lblHint->setText(used ? u"Отмеченное ищется в любом месте имени: «.txt» есть и в «a.txt.bak»."_s
+                     : optFilter[0]->isChecked() ? u"Ничего не отмечено: в список войдут все файлы."_s
+                                                 : u"Ничего не отмечено: в список не войдет ни один файл."_s);
 }
 
 void frmEditFilter::lvFilter_ItemCheck(int row)
 {
-    Guarded("frmEditFilter, lvFilter_ItemCheck()"_L1,
-            [&] { table().use(lvFilter->text(row), lvFilter->isChecked(row)); });
+    Guarded("frmEditFilter, lvFilter_ItemCheck()"_L1, [&] {
+        table().use(lvFilter->text(row), lvFilter->isChecked(row));
+        showHint();
+    });
 }
 
 void frmEditFilter::cmdSelect_Click(bool ticked)

@@ -15,6 +15,7 @@ public:
     std::array<QRadioButton*, 2> optFilter = namedArray("optFilter"); ///< leave out, take alone
     QLabel* lblInfo = named("lblInfo");
     ListView* lvFilter = named("lvFilter");
+    QLabel* lblHint = named("lblHint"); ///< what the ticks do, or that there are none
     ImageButton* cmdSelect = named("cmdSelect");
     ImageButton* cmdDeselect = named("cmdDeselect");
     std::array<ImageButton*, 4> imgButton = namedArray("imgButton"); ///< close, add, delete, change
@@ -33,6 +34,7 @@ private:
     FilterTable table() const { return {program.filesDatabase(), optFilter[1]->isChecked()}; }
     void fill(const QString& selected = {});
     void enableFilterCommands();
+    void showHint();
     enum class Purpose { Add, Change };
     /// A text for the table that is not in it yet; empty when the user gave up.
     QString askName(Purpose purpose);

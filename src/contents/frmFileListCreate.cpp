@@ -15,7 +15,7 @@ frmFileListCreate::frmFileListCreate(Program& program, Drive& drive, std::shared
     : LongWork(program, u"frmFileListCreate"_s, u"Создание списка файлов"_s), drive(drive), disc(std::move(disc)),
       options(options)
 {
-    prbFiles->setTextVisible(false);
+    for (QProgressBar* bar : {prbFiles, prbDisc}) bar->setTextVisible(false);
     prbDisc->setMaximum(DiscSteps);
     cmdStop->setup(u"stop"_s, u"&Остановить"_s, u"Остановить сканирование (Esc); найденное останется в списке"_s);
     QLabel *folderCaption = label(u"Папка:"_s), *discCaption = label(u"Весь диск:"_s);

@@ -26,6 +26,7 @@ TEST_F(EditFilter, ShowsEitherTableAndSavesATickAtOnce)
         EXPECT_EQ(wanted(), ".exe | -1\n.rar | 0\n.zip | -1\n");
         co_await click("cmdDeselect");
         EXPECT_EQ(wanted(), ".exe | 0\n.rar | 0\n.zip | 0\n");
+        EXPECT_EQ(shown("lblHint"), "Ничего не отмечено: в список не войдет ни один файл.");
         co_await click("cmdSelect");
         EXPECT_EQ(wanted(), ".exe | -1\n.rar | -1\n.zip | -1\n");
         EXPECT_EQ(shown("lvFilter"), "[x] .exe\n[x] .rar\n[x] .zip\n");
