@@ -91,7 +91,8 @@ private:
             if (rules.filter && rules.filter->FindFileInFiltr(file.name)) continue;
             if (file.name.isEmpty() || file.name.size() > FieldLength::FileName)
                 throw DiscError(u"Недопустимое имя файла в папке «%1»."_s.arg(level.folder));
-            store({rules.lowerCase ? file.name.toLower() : file.name, level.folder, FileSizeText(file.size),
+            store({rules.lowerCase ? file.name.toLower().left(FieldLength::FileName) : file.name, level.folder,
+                   FileSizeText(file.size),
                    rules.tags && file.name.contains(u".mp3"_s, Qt::CaseInsensitive) ? tagOf(level.folder, file)
                                                                                     : QString()});
         }
