@@ -22,6 +22,17 @@ QString ListedLoan::discText() const
     return disc ? u"%1. %2"_s.arg(QString::number(disc->number), kind->discTitle(disc->name, disc->album)) : u"-"_s;
 }
 
+QString ListedLoan::titleCaption() const
+{
+    return kind && kind->album ? kind->nameHeading() + u" - Альбом"_s : u"Название"_s;
+}
+
+QString ListedLoan::title() const
+{
+    if (!disc) return u"-"_s;
+    return kind->album ? disc->name + u" - "_s + disc->album : disc->name;
+}
+
 ListedLoan LoanWithKey(const Database& main, qint64 loan)
 {
     Recordset row = main.OpenRecordset(u"SELECT * FROM Должники WHERE КодДолжника = ?", {loan});

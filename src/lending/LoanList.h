@@ -24,6 +24,10 @@ struct ListedLoan {
 
     /// "7. Кино - Группа крови"; "-" without a disc.
     QString discText() const;
+    /// What title() is: "Группа/Исполнитель - Альбом" or "Название".
+    QString titleCaption() const;
+    /// "Кино - Группа крови"; "-" without a disc.
+    QString title() const;
 };
 /// Empty for a loan that is gone.
 ListedLoan LoanWithKey(const Database& main, qint64 loan);

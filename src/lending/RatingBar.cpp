@@ -7,8 +7,8 @@
 #include <QPainter>
 
 namespace {
-/// Good is green, orange begins to be bad, and from the middle on it is as red as it gets.
-constexpr double Bad = 0.25, Terrible = 0.6;
+/// The colours go by the words: good is green, what is called bad orange, what is called terrible red.
+constexpr double Bad = 13.0 / LargestRating, Terrible = 35.0 / LargestRating;
 
 QColor colourAt(double share, const QPalette& palette)
 {
@@ -38,23 +38,30 @@ void RatingBar::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const double side = height() - 1, thick = side * 0.4, left = 0.5 + side / 2, length = width() - 1 - side;
-    const QColor ground = palette().color(QPalette::Window), ink = palette().color(QPalette::WindowText);
+    const QPalette& shades = palette();
     const auto way = [&](double share) {
         return QRectF(left - thick / 2, (height() - thick) / 2, length * share + thick, thick);
     };
-    painter.setBrush(Theme::mix(ground, ink, 0.12));
-    painter.drawRoundedRect(way(1), thick / 2, thick / 2);
-    if (!isEnabled()) return;
+    const auto draw = [&](const QRectF& part, const QBrush& brush) {
+        painter.setBrush(brush);
+        painter.drawRoundedRect(part, thick / 2, thick / 2);
+    };
+    if (!isEnabled())
+        return draw(way(1), Theme::mix(shades.color(QPalette::Window), shades.color(QPalette::WindowText), 0.12));
 
+    QLinearGradient ahead(left, 0, left + length, 0), gone(left, 0, left + length, 0);
+    for (const double place : {0.0, Bad, Terrible, 1.0}) {
+        const QColor colour = colourAt(place, shades);
+        gone.setColorAt(place, colour);
+        ahead.setColorAt(place, Theme::mix(Theme::card(shades), colour, 0.3));
+    }
     const double share = double(value() - minimum()) / (maximum() - minimum());
-    QLinearGradient colours(left, 0, left + length, 0);
-    for (const double place : {0.0, Bad, Terrible, 1.0}) colours.setColorAt(place, colourAt(place, palette()));
-    painter.setBrush(colours);
-    painter.drawRoundedRect(way(share), thick / 2, thick / 2);
+    draw(way(1), ahead);
+    draw(way(share), gone);
 
-    const double rim = side * 0.16;
-    painter.setPen(QPen(colourAt(share, palette()), rim));
-    painter.setBrush(palette().color(QPalette::Base));
+    const double rim = side * 0.2;
+    painter.setPen(QPen(colourAt(share, shades), rim));
+    painter.setBrush(shades.color(QPalette::Base));
     const double radius = (side - rim) / 2;
     painter.drawEllipse(QPointF(left + length * share, height() / 2.0), radius, radius);
 }

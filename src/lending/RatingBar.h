@@ -2,8 +2,8 @@
 
 #include <QProgressBar>
 
-/// A rating on the way from good, on the left, to bad: the way is in colour as far as the rating goes, and a knob stands
-/// there. Disabled, there is no rating.
+/// A rating on the way from good, on the left, to bad: the way is pale from green to red, in full colour as far as the
+/// rating goes, and a knob stands there. Disabled, there is no rating.
 class RatingBar : public QProgressBar {
 public:
     explicit RatingBar(QWidget* parent = nullptr);

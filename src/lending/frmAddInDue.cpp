@@ -35,7 +35,7 @@ void frmAddInDue::setUpControls()
     txtFIO->setMaxVisibleItems(12);
     txtFIO->lineEdit()->setMaxLength(LongestName);
 
-    lblDueDay->setText(u"&Сроком до:"_s);
+    lblDueDay->setText(u"&Сроком до"_s);
     lblDueDay->setBuddy(dtpBackDate);
     dtpBackDate->setAccessibleName(u"Сроком до"_s);
     dtpBackDate->setLocale(RussianLocale());
@@ -49,37 +49,55 @@ void frmAddInDue::setUpControls()
     imgButton[1]->setup(u"cancel"_s, u"Отмена"_s, u"Закрыть, ничего не записывая"_s);
 }
 
+/// What comes and goes in the layout leaves the rest where it is.
+static void keepPlace(QWidget* widget)
+{
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
 QWidget* frmAddInDue::warning()
 {
     lblRating1->setText(u"Внимание!"_s);
     lettered(lettered(lblRating1, Lettering::Heading), Lettering::Danger);
     lblRating2->setText(u"Рейтинг этого должника:"_s);
-    lettered(lblRating3, Lettering::Heading);
+    lettered(lettered(lblRating3, Lettering::Heading), Lettering::Danger);
+    lblRating3->setMinimumWidth(lblRating3->fontMetrics().horizontalAdvance(RatingWord(LargestRating)));
     auto* sign = new IconLabel;
     sign->setIcon(u"warning"_s, Theme::danger(palette()));
-    auto* words = row(lblRating2, lblRating3, stretch);
-    auto* all = row(sign, lblRating1, words);
-    all->setSpacing(Theme::Gap);
-    words->setSpacing(Theme::Gap);
+    sign->setScale(2);
+    auto* rating = row(lblRating2, lblRating3);
+    auto* words = column(lblRating1, rating);
+    words->setSpacing(2);
+    auto* all = row(sign, words);
+    for (QBoxLayout* line : {rating, all}) line->setSpacing(Theme::Gap);
     all->setContentsMargins(Theme::Gap, Theme::Gap, Theme::Gap, Theme::Gap);
     fraRating->setLayout(all);
-    for (QWidget* part : std::initializer_list<QWidget*>{fraRating, lblRating1, lblRating2, lblRating3}) part->hide();
+    for (QWidget* part : ratingParts()) {
+        keepPlace(part);
+        part->hide();
+    }
     return fraRating;
 }
+
+std::array<QWidget*, 4> frmAddInDue::ratingParts() const { return {fraRating, lblRating1, lblRating2, lblRating3}; }
 
 void frmAddInDue::build()
 {
     auto* head = row(imgLogo, lblHeader, stretch, label(u"Диск №"_s), lblNumber);
     QWidget* const nothing = nullptr;
     auto* fields = grid({
-        {label(u"Категория:"_s), txtCategory},
+        {label(u"Категория"_s), txtCategory},
         {lblDescription, txtName},
-        {label(u"&Имя должника:"_s, txtFIO), txtFIO},
+        {label(u"&Имя должника"_s, txtFIO), txtFIO},
         {nothing, lblDoNewBackDate},
         {lblDueDay, row(dtpBackDate, chDueNonStop, stretch)},
     });
-    auto* all = column(head, fields, warning(), stretch, row(stretch, imgButton[0], imgButton[1]));
-    all->setSpacing(Theme::Between);
+    // The warning stands where the hand goes next, and its place is no hole while there is none.
+    auto* end = row(warning(), stretch, imgButton[0], imgButton[1]);
+    auto* all = column(head, fields, stretch, end);
+    for (QBoxLayout* line : {all, end}) line->setSpacing(Theme::Between);
     setLayout(all);
 }
 
@@ -116,7 +134,7 @@ void frmAddInDue::showDisc(const CatalogueKind& kind, qint64 disc)
     imgLogo->setAccent(kind.accent);
     lblNumber->setText(found ? QString::number(found->number) : u"-"_s);
     txtCategory->setText(kind.mediumCaption);
-    lblDescription->setText(kind.nameHeading() + u':');
+    lblDescription->setText(kind.nameHeading());
     txtName->setAccessibleName(kind.nameHeading());
     txtName->setText(found ? found->name : u"-"_s);
     txtName->setCursorPosition(0);
@@ -124,12 +142,15 @@ void frmAddInDue::showDisc(const CatalogueKind& kind, qint64 disc)
 
 void frmAddInDue::LendDisc(const CatalogueKind& kind, qint64 disc) { showDisc(kind, disc); }
 
-void frmAddInDue::ChangeTermOf(const CatalogueKind& kind, qint64 disc, const QString& borrower, QDate due)
+void frmAddInDue::ChangeTermOf(const ListedLoan& loan, const QString& borrower)
 {
-    showDisc(kind, disc);
+    showDisc(*loan.kind, loan.discKey);
+    lblDescription->setText(loan.titleCaption());
+    txtName->setText(loan.title());
+    txtName->setCursorPosition(0);
     setWindowTitle(u"Изменение срока"_s);
     lblHeader->setText(u"Изменение срока возврата"_s);
-    const QString before = due.isValid() ? FormatDate(due, u"d MMMM yyyy г."_s) : u"бессрочный долг"_s;
+    const QString before = loan.due.isValid() ? FormatDate(loan.due, u"d MMMM yyyy г."_s) : u"бессрочный долг"_s;
     lblDoNewBackDate->setText(u"Ранее установленная дата возврата:\n"_s + before);
     lblDoNewBackDate->show();
     {
@@ -137,7 +158,7 @@ void frmAddInDue::ChangeTermOf(const CatalogueKind& kind, qint64 disc, const QSt
         txtFIO->setEditText(borrower);
     }
     txtFIO->setEnabled(false);
-    if (due.isValid()) return;
+    if (loan.due.isValid()) return;
     dtpBackDate->hide(); // until there is a term again
     chDueNonStop->setChecked(true);
 }
@@ -156,8 +177,7 @@ void frmAddInDue::CheckDue()
         const QString name = CleanText(txtFIO->currentText().trimmed());
         const QString word = WarningAbout(program.mainDatabase(), name, program.clock.today());
         lblRating3->setText(word);
-        for (QWidget* part : std::initializer_list<QWidget*>{lblRating1, lblRating2, lblRating3, fraRating})
-            part->setVisible(!word.isEmpty());
+        for (QWidget* part : ratingParts()) part->setVisible(!word.isEmpty());
         // For those who do not see it.
         txtFIO->setAccessibleDescription(
             word.isEmpty() ? QString() : u"%1 %2 %3"_s.arg(lblRating1->text(), lblRating2->text(), word));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/Screen.h"
-#include "store/CatalogueKind.h"
+#include "lending/LoanList.h"
 #include "ui/IconLabel.h"
 #include "ui/ImageButton.h"
 #include "ui/Notice.h"
@@ -18,8 +18,8 @@ public:
 
     // One of the two, before ShowModal().
     void LendDisc(const CatalogueKind& kind, qint64 disc);
-    /// Only with DueDateChange. An invalid `due` is a loan without a term.
-    void ChangeTermOf(const CatalogueKind& kind, qint64 disc, const QString& borrower, QDate due);
+    /// Only with DueDateChange, of a loan whose catalogue is known.
+    void ChangeTermOf(const ListedLoan& loan, const QString& borrower);
 
     IconLabel* imgLogo = named("imgLogo");
     QLabel* lblHeader = named("lblHeader"); ///< says what is done
@@ -42,6 +42,7 @@ private:
     void setUpControls();
     void build();
     QWidget* warning();
+    std::array<QWidget*, 4> ratingParts() const;
     void Form_Load() override;
     void Form_Activate() override;
 

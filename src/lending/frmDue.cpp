@@ -157,11 +157,10 @@ void frmDue::showNoRow()
 
 void frmDue::showLoan(const ListedLoan& loan)
 {
-    const bool album = loan.kind && loan.kind->album;
-    lblDescriptionCD->setText(album ? u"Группа/Исполнитель - Альбом"_s : u"Название"_s);
+    lblDescriptionCD->setText(loan.titleCaption());
     cmbCategory->setCurrentText(loan.kind ? loan.kind->mediumCaption : QString());
     txtNumber->setText(loan.disc ? QString::number(loan.disc->number) : QString());
-    txtName->setText(!loan.disc ? u"-"_s : album ? loan.disc->name + u" - "_s + loan.disc->album : loan.disc->name);
+    txtName->setText(loan.title());
     txtName->setCursorPosition(0);
     showBorrower();
     txtTelephone->setText(dcDatabase->value(u"Телефон").text());

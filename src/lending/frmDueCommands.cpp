@@ -40,7 +40,7 @@ void frmDue::cmdChange()
         program.shared.DueDateChange = true;
         {
             frmAddInDue dialog(program);
-            dialog.ChangeTermOf(*loan.kind, loan.discKey, borrower(), loan.due);
+            dialog.ChangeTermOf(loan, borrower());
             dialog.ShowModal(this);
         }
         program.shared.DueDateChange = false; // one who gave up has left it so

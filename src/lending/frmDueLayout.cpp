@@ -14,22 +14,24 @@ void frmDue::setUpList()
         const CatalogueKind* kind = listed(loan.toLong()).kind;
         return kind ? catalogueIcon(kind->icon, kind->accent) : QIcon();
     };
-    const auto due = [this, day](const Value& loan) {
+    const auto isToday = [this](const Value& loan) { return listed(loan.toLong()).due == this->program.clock.today(); };
+    const auto due = [this, day, isToday](const Value& loan) {
         const QDate promised = listed(loan.toLong()).due;
-        return promised.isValid() ? day(promised) : u"без срока"_s;
+        if (!promised.isValid()) return u"без срока"_s;
+        return isToday(loan) ? u"сегодня"_s : day(promised);
     };
     const auto late = [this](const Value& loan) {
-        const QDate promised = listed(loan.toLong()).due, today = this->program.clock.today();
-        if (!IsDue(promised, today)) return QString();
-        return promised == today ? u"сегодня"_s : DaysOverdueText(DaysOverdue(promised, today));
+        const int days = DaysOverdue(listed(loan.toLong()).due, this->program.clock.today());
+        return days > 0 ? DaysOverdueText(days) : QString();
     };
+    const auto always = [](const Value&) { return true; };
     const QString loan = u"КодДолжника"_s;
     dbGrid->setColumns({
         {.field = u"Имя"_s, .caption = u"Должник"_s},
         {.field = loan, .caption = u"Диск"_s, .format = disc, .icon = picture},
         {.field = u"ДатаВыдачи"_s, .caption = u"Выдан"_s, .format = day, .width = 10},
-        {.field = loan, .caption = u"Вернуть"_s, .format = due, .width = 10},
-        {.field = loan, .caption = u"Опоздание"_s, .format = late, .width = 11, .danger = true},
+        {.field = loan, .caption = u"Вернуть"_s, .format = due, .width = 10, .danger = isToday},
+        {.field = loan, .caption = u"Опоздание"_s, .format = late, .width = 11, .danger = always},
     });
     dbGrid->setDataControl(dcDatabase);
     dbGrid->setAccessibleName(u"Список должников"_s);
@@ -110,13 +112,13 @@ QLayout* frmDue::details()
     txtName->setAccessibleName(u"Диск"_s);
     txtDaysDue->setMinimumWidth(fontMetrics().horizontalAdvance(u"1000 дней0000"_s));
     auto* person = grid({
-        {label(u"&Должник [запрос]:"_s, txtDueName), txtDueName},
-        {label(u"&Телефон:"_s, txtTelephone), row(txtTelephone, cmdMakeChange)},
-        {label(u"&Опоздание:"_s, txtDaysDue), row(txtDaysDue, imgDue, lblDue, stretch)},
+        {label(u"&Должник [запрос]"_s, txtDueName), txtDueName},
+        {label(u"&Телефон"_s, txtTelephone), row(txtTelephone, cmdMakeChange)},
+        {label(u"&Опоздание"_s, txtDaysDue), row(txtDaysDue, imgDue, lblDue, stretch)},
     });
     auto* disc = grid({
-        {label(u"&Категория [запрос]:"_s, cmbCategory), cmbCategory},
-        {label(u"&Номер диска:"_s, txtNumber), row(txtNumber, stretch)},
+        {label(u"&Категория [запрос]"_s, cmbCategory), cmbCategory},
+        {label(u"&Номер диска"_s, txtNumber), row(txtNumber, stretch)},
         {lblDescriptionCD, txtName},
     });
     auto* both = row();

@@ -91,7 +91,8 @@ QLayout* CatalogueCard::counts()
 
     imgFindDue->setScale(1.1);
     lblFindDue->setText(u"0"_s);
-    m_overdue->setText(u"просрочено"_s);
+    m_overdue->setText(u"к возврату"_s); // also what is promised for today
+    fraFindDue->setToolTip(u"Срок возврата сегодня или уже прошёл"_s);
     for (QLabel* text : {lblFindDue, m_overdue}) text->setFont(Theme::caption(text->font()));
     auto* inside = row(imgFindDue, lblFindDue, m_overdue);
     inside->setContentsMargins(0, 0, 0, 0);

@@ -46,11 +46,11 @@ protected:
     QVariant cell(int row, int column, int role) const override
     {
         if (role == Qt::TextAlignmentRole) return int(m_columns[column].alignment | Qt::AlignVCenter);
-        if (role == Qt::ForegroundRole && m_columns[column].danger)
-            return Theme::danger(static_cast<QWidget*>(QObject::parent())->palette());
         const bool wantsIcon = role == Qt::DecorationRole && m_columns[column].icon;
-        if (role != Qt::DisplayRole && role != Qt::ToolTipRole && !wantsIcon) return {};
+        const bool wantsColour = role == Qt::ForegroundRole && m_columns[column].danger;
+        if (role != Qt::DisplayRole && role != Qt::ToolTipRole && !wantsIcon && !wantsColour) return {};
         const Cell known = page(row / PageRows).at(row % PageRows).value(column);
+        if (wantsColour) return known.danger ? QVariant(dangerColour()) : QVariant();
         return wantsIcon ? QVariant(known.icon) : QVariant(known.text);
     }
 
@@ -65,6 +65,7 @@ private:
     struct Cell {
         QString text;
         QIcon icon;
+        bool danger = false;
     };
     using Page = QList<QList<Cell>>;
 
@@ -75,6 +76,8 @@ private:
         const QStringList names = m_control->recordset().FieldNames();
         for (const Column& column : m_columns) m_fields << names.indexOf(column.field);
     }
+
+    QColor dangerColour() const { return Theme::danger(static_cast<QWidget*>(QObject::parent())->palette()); }
 
     Page page(int number) const
     {
@@ -107,7 +110,8 @@ private:
             const Column& column = m_columns[i];
             result += value.isNull() ? Cell()
                                      : Cell{.text = column.format ? column.format(value) : value.text(),
-                                            .icon = column.icon ? column.icon(value) : QIcon()};
+                                            .icon = column.icon ? column.icon(value) : QIcon(),
+                                            .danger = column.danger && column.danger(value)};
         }
         return result;
     }

@@ -16,9 +16,9 @@ public:
         QString caption;
         DataControl::Format format = {};
         Qt::Alignment alignment = Qt::AlignLeft;
-        int width = 0;                                ///< in average characters; 0 takes what is left
-        std::function<QIcon(const Value&)> icon = {}; ///< before the text
-        bool danger = false;                          ///< what stands in it is in the colour of what is overdue
+        int width = 0;                                 ///< in average characters; 0 takes what is left
+        std::function<QIcon(const Value&)> icon = {};  ///< before the text
+        std::function<bool(const Value&)> danger = {}; ///< what is shown in the colour of what is overdue
     };
 
     explicit DBGrid(QWidget* parent = nullptr);

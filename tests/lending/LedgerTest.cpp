@@ -4,16 +4,31 @@
 #include "harness/ScreenTest.h"
 #include "lending/Borrowers.h"
 #include "lending/DiscHistory.h"
+#include "lending/LoanList.h"
 #include "lending/Rating.h"
 #include "store/Summary.h"
 
 #include <QRandomGenerator>
 #include <cmath>
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 class Ledger : public ScreenTest {
 protected:
     Database main() { return program.mainDatabase(); }
+    /// Discs are marked as lent exactly where the ledger has an open loan of them.
+    void compareMarks()
+    {
+        for (const CatalogueKind* kind : AllCatalogues()) {
+            const QString marked = u"SELECT %1 FROM %2 WHERE Должник = True ORDER BY %1"_s.arg(kind->key, kind->table);
+            const QString open =
+                u"SELECT КодДиска FROM Должники WHERE Долг = True AND Категория = '%1' ORDER BY КодДиска"_s.arg(
+                    kind->code);
+            EXPECT_EQ(rows(marked), rows(open)) << qPrintable(kind->code);
+        }
+    }
 };
 
 TEST_F(Ledger, AMarkWithoutAnOpenLoanGoesWithTheReturn)
@@ -114,8 +129,15 @@ protected:
     }
     void takeBack(const Disc& disc)
     {
-        TakeBack(main(), *disc.kind, disc.key, clock.today(), below(2) ? Closes::Newest : Closes::NewestOpen);
-        openLoan(disc)->returned = clock.today();
+        PaperLoan* loan = openLoan(disc);
+        switch (below(3)) {
+        case 0: TakeBack(main(), *disc.kind, disc.key, clock.today()); break;                     // by its catalogue
+        case 1: TakeBack(main(), *disc.kind, disc.key, clock.today(), Closes::NewestOpen); break; // by the list
+        default:                                                                                  // by its number
+            EXPECT_EQ(CloseLoan(main(), *disc.kind, disc.key, clock.today()), loan->borrower);
+            MarkLent(main(), *disc.kind, disc.key, false);
+        }
+        loan->returned = clock.today();
     }
     void changeTerm(const Disc& disc)
     {
@@ -151,15 +173,8 @@ protected:
             if (disc.kind == &kind && disc.number >= start) ++disc.number;
     }
 
-    void compareMarks()
+    void compareDiscs()
     {
-        for (const CatalogueKind* kind : AllCatalogues()) {
-            const QString marked = u"SELECT %1 FROM %2 WHERE Должник = True ORDER BY %1"_s.arg(kind->key, kind->table);
-            const QString open =
-                u"SELECT КодДиска FROM Должники WHERE Долг = True AND Категория = '%1' ORDER BY КодДиска"_s.arg(
-                    kind->code);
-            EXPECT_EQ(rows(marked), rows(open)) << qPrintable(kind->code);
-        }
         for (const Disc& disc : discs) {
             const PaperLoan* loan = openLoan(disc);
             EXPECT_EQ(BorrowerOf(main(), *disc.kind, disc.key), loan ? loan->borrower : QString());
@@ -172,6 +187,22 @@ protected:
                     expected += past.borrower + past.given.toString() + past.returned.toString();
             EXPECT_EQ(told, expected);
         }
+    }
+    void compareList()
+    {
+        QStringList told, expected;
+        Recordset list = main().OpenRecordset(LoanListSource({}, 0, false));
+        for (; !list.AtEOF(); list.MoveNext()) {
+            const ListedLoan loan = LoanWithKey(main(), list[u"КодДолжника"].toInt());
+            told += list[u"Имя"].text() + loan.kind->code + loan.discText() + loan.due.toString();
+        }
+        for (const Disc& disc : discs)
+            if (const PaperLoan* loan = openLoan(disc))
+                expected += u"%1%2%3. Диск"_s.arg(loan->borrower, disc.kind->code).arg(disc.number) +
+                            loan->due.toString();
+        told.sort();
+        expected.sort();
+        EXPECT_EQ(told, expected);
     }
     void compareCounters()
     {
@@ -226,13 +257,56 @@ protected:
 TEST_F(LedgerLife, LedgerMarksCountersAndRatingsAgreeAfterWhateverIsDone)
 {
     random.seed(20031114);
-    for (int done = 0; done < 160 && !HasFailure(); ++done) {
+    for (int done = 0; done < 240 && !HasFailure(); ++done) {
         SCOPED_TRACE(done);
         step();
         compareMarks();
+        compareDiscs();
+        compareList();
         compareCounters();
         compareRatings();
     }
     EXPECT_GT(loans.size(), 10) << "a life without loans proves nothing";
+}
+
+/// Lends, takes back and forgets for ever, a command at a time.
+[[noreturn]] void lendUntilKilled(const QString& path, int discs)
+{
+    const SystemClock clock;
+    DBEngine engine(clock);
+    const Database main = engine.OpenDatabase(path);
+    auto& random = *QRandomGenerator::system();
+    for (;;) {
+        CommandScope command(engine);
+        const CatalogueKind& kind = *AllCatalogues()[std::size_t(random.bounded(3))];
+        const qint64 disc = random.bounded(discs) + 1;
+        const QString name = u"Должник %1"_s.arg(random.bounded(9));
+        const auto known = FindBorrower(main, name);
+        if (known && !HasOpenLoans(main, *known))
+            DeleteBorrower(main, *known);
+        else if (!IssueDisc(main, kind, disc, FindOrAddBorrower(main, name), clock.today()))
+            TakeBack(main, kind, disc, clock.today());
+        command.end();
+    }
+}
+
+TEST_F(Ledger, AKillInACommandLeavesMarksAndLoansAgreed)
+{
+    constexpr int discs = 12;
+    for (const CatalogueKind* kind : AllCatalogues())
+        for (int number = 1; number <= discs; ++number) shelf.disc(*kind, number, "Диск");
+    qint64 lent = 0;
+    for (int kills = 0; kills < 30 && !HasFailure(); ++kills) {
+        engine.ReleaseAll();
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) lendUntilKilled(path("vinora.db"), discs);
+        ::usleep(QRandomGenerator::global()->bounded(5'000, 30'000));
+        ::kill(child, SIGKILL);
+        ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+        compareMarks();
+        lent = main().Scalar(u"SELECT MAX(КодДолжника) FROM Должники").toLong();
+    }
+    EXPECT_GT(lent, 30) << "no command was ever finished";
 }
 }

@@ -23,7 +23,7 @@ TEST_F(LendDisc, ANewNameIsANewBorrowerAndTheTermIsNotInThePast)
         QString told;
         for (const char* name : {"lblHeader", "lblNumber", "txtCategory", "lblDescription", "txtName", "dtpBackDate"})
             told += shown(name) + '|';
-        EXPECT_EQ(told, "Добавление в список нового должника|7|Аудио диск|Группа/Исполнитель:|Кино|14.11.2003|");
+        EXPECT_EQ(told, "Добавление в список нового должника|7|Аудио диск|Группа/Исполнитель|Кино|14.11.2003|");
         EXPECT_EQ(title(), "Добавление должника");
         EXPECT_EQ(focus(), "txtFIO");
         EXPECT_EQ(shown("chDueNonStop"), "бессрочный  долг");

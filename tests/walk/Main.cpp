@@ -129,6 +129,43 @@ void film(Walk& walk, const QString& image)
     walk.picture(u"three-catalogues"_s);
 }
 
+/// The record goes out by its catalogue; the film by its number, and comes back.
+void loans(Walk& walk)
+{
+    walk.press(Qt::Key_1, Qt::ControlModifier);
+    walk.click(u"imgButton_4"_s);
+    walk.press(Qt::Key_Return);
+    walk.type(u"txtFIO"_s, u"Светлана Орлова"_s);
+    walk.picture(u"lend-record"_s);
+    walk.click(u"imgButton_0"_s);
+    walk.picture(u"record-is-out"_s);
+    walk.press(Qt::Key_Escape);
+
+    walk.press(Qt::Key_D, Qt::ControlModifier);
+    walk.press(Qt::Key_Insert);
+    walk.click(u"optCategory_2"_s);
+    walk.keys(u"1"_s);
+    walk.picture(u"lend-film-by-number"_s);
+    walk.press(Qt::Key_Return);
+    walk.press(Qt::Key_Return);
+    walk.type(u"txtFIO"_s, u"Пётр Зимин"_s);
+    walk.click(u"chDueNonStop"_s);
+    walk.click(u"imgButton_0"_s);
+    walk.press(Qt::Key_Escape);
+    walk.picture(u"two-debtors"_s);
+    walk.press(Qt::Key_Home);
+    walk.press(Qt::Key_Delete);
+    walk.press(Qt::Key_Return);
+    walk.picture(u"film-is-back"_s);
+    walk.press(Qt::Key_Escape);
+    walk.until(u"the loan is on the dashboard"_s, [&walk] {
+        return walk.top()->findChild<QLabel*>(u"lblCDdueAudio"_s)->text() == u"1" &&
+               walk.top()->findChild<QLabel*>(u"lblCDdueDVD"_s)->text() == u"0" &&
+               walk.top()->findChild<QWidget*>(u"fraFindDueAudio"_s)->isVisible();
+    });
+    walk.picture(u"loan-on-the-dashboard"_s);
+}
+
 /// A picture such as a scanned booklet is.
 QString paintCover(const QString& folder)
 {
@@ -157,6 +194,7 @@ void firstDay(Walk& walk, const QString& folder)
     computerDisc(walk, folder + u"/zima2003.iso"_s);
     audioDisc(walk, folder + u"/orkestr.cue"_s, paintCover(folder));
     film(walk, folder + u"/skazka.iso"_s);
+    loans(walk);
     leave(walk);
 }
 
