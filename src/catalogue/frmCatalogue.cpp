@@ -270,13 +270,15 @@ void frmCatalogue::showNoRow()
 
 void frmCatalogue::CheckDue()
 {
-    const bool lent = dcDatabase->value(u"Должник").toBool();
-    allow(2, !lent);
-    allow(3, !lent);
-    explainLock(u"Диск на руках: сначала примите его обратно"_s);
-    allow(4, program.offers(u"frmAddInDue"));
-    lblDue->setText(lent ? u"Должник\n"_s + BorrowerOf(program.mainDatabase(), kind, currentKey()) : QString());
-    m_due->setOn(lent);
+    Routine("CheckDue"_L1, [&] {
+        const bool lent = dcDatabase->value(u"Должник").toBool();
+        allow(2, !lent);
+        allow(3, !lent);
+        explainLock(u"Диск на руках: сначала примите его обратно"_s);
+        allow(4, program.offers(u"frmAddInDue"));
+        lblDue->setText(lent ? u"Должник\n"_s + BorrowerOf(program.mainDatabase(), kind, currentKey()) : QString());
+        m_due->setOn(lent);
+    });
 }
 
 void frmCatalogue::txtNumber_KeyPress()

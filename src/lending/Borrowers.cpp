@@ -37,9 +37,11 @@ void RenameBorrower(const Database& main, qint64 key, const QString& name)
     main.Execute(u"UPDATE ИменаДолжников SET Имя = ? WHERE КодИмени = ?", {name, key});
 }
 
-void DeleteBorrower(const Database& main, qint64 key)
+bool DeleteBorrower(const Database& main, qint64 key)
 {
+    if (HasOpenLoans(main, key)) return false;
     main.Execute(u"DELETE FROM ИменаДолжников WHERE КодИмени = ?", {key});
+    return true;
 }
 
 bool HasOpenLoans(const Database& main, qint64 key)

@@ -18,9 +18,9 @@ std::optional<qint64> FindBorrower(const Database& main, const QString& name);
 qint64 AddBorrower(const Database& main, const QString& name);
 qint64 FindOrAddBorrower(const Database& main, const QString& name);
 void RenameBorrower(const Database& main, qint64 key, const QString& name);
-/// His loans go with him: the history of discs and the ratings forget them. Not for one who HasOpenLoans, whose discs would
-/// stay marked as lent.
-void DeleteBorrower(const Database& main, qint64 key);
+/// His loans go with him: the history of discs and the ratings forget them. False, and nothing is deleted, while one of them
+/// is open: its disc would stay marked as lent.
+bool DeleteBorrower(const Database& main, qint64 key);
 bool HasOpenLoans(const Database& main, qint64 key);
 
 /// Empty for a key that is gone.

@@ -44,6 +44,12 @@ std::optional<NumberedDisc> DiscNumberScreen::namedDisc()
     return disc;
 }
 
+void DiscNumberScreen::setUpPicker(ImageButton* button)
+{
+    button->setup(u"list-all"_s, u"&Выбрать…"_s, u"Выбрать диск из списка"_s, Qt::Key_F4);
+    button->setEnabled(program.offers(u"frmSelectCD"));
+}
+
 bool DiscNumberScreen::pickDisc(const QString& purpose)
 {
     const auto choice = program.screens->PickDisc(*this, purpose + kind().code);

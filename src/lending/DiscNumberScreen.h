@@ -2,6 +2,7 @@
 
 #include "frame/Screen.h"
 #include "store/NumberedDisc.h"
+#include "ui/ImageButton.h"
 
 #include <QRadioButton>
 
@@ -19,6 +20,8 @@ protected:
     const CatalogueKind& kind() const;
     /// The disc that is named. None when there is no such one; the user has been told then.
     std::optional<NumberedDisc> namedDisc();
+    /// The button that opens the picker.
+    void setUpPicker(ImageButton* button);
     /// Opens the picker on the chosen catalogue; `purpose` is the mode of Screens::PickDisc without its catalogue. The number
     /// of what was picked stands in txtNumber then. False when the user gave up.
     bool pickDisc(const QString& purpose);

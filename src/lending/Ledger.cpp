@@ -13,6 +13,11 @@ QString BorrowerOf(const Database& main, const CatalogueKind& kind, qint64 disc)
         .text();
 }
 
+bool HasOpenLoan(const Database& main, const CatalogueKind& kind, qint64 disc)
+{
+    return main.Scalar(u"SELECT COUNT(*) FROM Должники WHERE "_s + OpenLoanOfDisc, {disc, kind.code}).toBool();
+}
+
 bool IssueDisc(const Database& main, const CatalogueKind& kind, qint64 disc, qint64 borrower, QDate due)
 {
     const auto found = DiscWithKey(main, kind, disc);
@@ -42,10 +47,15 @@ QString CloseLoan(const Database& main, const CatalogueKind& kind, qint64 disc, 
     const QString condition = which == Closes::NewestOpen ? OpenLoanOfDisc : u"КодДиска = ? AND Категория = ?"_s;
     const Value loan = main.Scalar(u"SELECT MAX(КодДолжника) FROM Должники WHERE "_s + condition, {disc, kind.code});
     if (loan.isNull()) return {};
-    main.Execute(u"UPDATE Должники SET Долг = False, ДатаВозвратаРеальная = ? WHERE КодДолжника = ?", {today, loan});
+    CloseLoan(main, loan.toLong(), today);
     return main
         .Scalar(u"SELECT Имя FROM ИменаДолжников, Должники WHERE КодИмени = КодИмяДолжника AND КодДолжника = ?", {loan})
         .text();
+}
+
+void CloseLoan(const Database& main, qint64 loan, QDate today)
+{
+    main.Execute(u"UPDATE Должники SET Долг = False, ДатаВозвратаРеальная = ? WHERE КодДолжника = ?", {today, loan});
 }
 
 void MarkLent(const Database& main, const CatalogueKind& kind, qint64 disc, bool lent)

@@ -10,6 +10,9 @@
 /// Who has the disc. Empty when the ledger has no open loan of it, also for a disc that is marked as lent.
 QString BorrowerOf(const Database& main, const CatalogueKind& kind, qint64 disc);
 
+/// Whether the ledger has an open loan of the disc.
+bool HasOpenLoan(const Database& main, const CatalogueKind& kind, qint64 disc);
+
 /// Lends a disc from today on. An invalid `due` is a loan without a term. False, and nothing is written, when the disc is
 /// gone or marked as lent.
 bool IssueDisc(const Database& main, const CatalogueKind& kind, qint64 disc, qint64 borrower, QDate due);
@@ -27,5 +30,7 @@ void TakeBack(const Database& main, const CatalogueKind& kind, qint64 disc, QDat
 /// Closes the newest loan of a disc as TakeBack does. Its borrower; empty when there was none to close.
 QString CloseLoan(const Database& main, const CatalogueKind& kind, qint64 disc, QDate today,
                   Closes which = Closes::Newest);
+/// Closes the loan with this key, whatever its disc is.
+void CloseLoan(const Database& main, qint64 loan, QDate today);
 /// A disc that is gone is no error.
 void MarkLent(const Database& main, const CatalogueKind& kind, qint64 disc, bool lent);

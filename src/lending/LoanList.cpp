@@ -1,21 +1,51 @@
 #include "lending/LoanList.h"
 
-const QStringList& LoanListOrders()
+#include "frame/Text.h"
+#include "lending/DaysOverdue.h"
+
+const QList<SortOrder>& LoanListOrders()
 {
-    static const QStringList orders{u"по имени"_s, u"по дате добавления"_s, u"по дате возврата"_s};
+    static const QList<SortOrder> orders{{u"по имени"_s, u"Имя"_s},
+                                         {u"по дате добавления"_s, u"ДатаВыдачи"_s},
+                                         {u"по дате возврата"_s, u"ДатаВозврата"_s}};
     return orders;
 }
 
 QString LoanListSource(const QString& filter, int order, bool descending)
 {
-    static const QStringList fields{u"Имя"_s, u"ДатаВыдачи"_s, u"ДатаВозврата"_s};
     return u"SELECT * FROM Должники, ИменаДолжников WHERE Долг = True "
            "AND Должники.КодИмяДолжника = ИменаДолжников.КодИмени "_s +
-           filter + u" ORDER BY "_s + fields.value(order, fields.first()) + (descending ? u" DESC"_s : QString());
+           filter + u" ORDER BY "_s + LoanListOrders().at(order).field + (descending ? u" DESC"_s : QString());
 }
 
 QString CategoryFilter(const CatalogueKind& kind) { return u"AND Должники.Категория = '%1' "_s.arg(kind.code); }
-QString BorrowerFilter(const QString& text) { return u"AND Имя LIKE \"*%1*\""_s.arg(text); }
+QString BorrowerFilter(const QString& text) { return u"AND Имя LIKE \"*%1*\""_s.arg(CleanText(text)); }
+
+QString NameFilter(const QString& name)
+{
+    QString pattern;
+    for (const QChar c : name) {
+        if (c == u'"')
+            pattern += u'?';
+        else if (u"*?#["_s.contains(c))
+            pattern += u"[%1]"_s.arg(c);
+        else
+            pattern += c;
+    }
+    return u"AND Имя LIKE \"*%1*\""_s.arg(pattern);
+}
+
+QString TermText(QDate due, QDate today)
+{
+    if (!due.isValid()) return u"без срока"_s;
+    return due == today ? u"сегодня"_s : FormatDate(due, u"dd.MM.yyyy"_s);
+}
+
+QString LatenessText(QDate due, QDate today)
+{
+    const int days = DaysOverdue(due, today);
+    return days > 0 ? DaysOverdueText(days) : QString();
+}
 
 QString ListedLoan::discText() const
 {

@@ -6,14 +6,20 @@
 
 // The list of open loans.
 
-/// What it can be sorted by, as the user reads it.
-const QStringList& LoanListOrders();
+/// What it can be sorted by.
+const QList<SortOrder>& LoanListOrders();
 /// Its SELECT: `filter` as it stands ("AND …" or empty), `order` an index of LoanListOrders().
 QString LoanListSource(const QString& filter, int order, bool descending);
 
-// Filters. A text has been through CleanText; * ? # in it are wildcards.
+// Filters. In a text * ? # are wildcards; a name stands for itself, whatever it holds.
 QString CategoryFilter(const CatalogueKind& kind);
 QString BorrowerFilter(const QString& text);
+QString NameFilter(const QString& name);
+
+/// When a disc is to be back: a date, "сегодня" or "без срока".
+QString TermText(QDate due, QDate today);
+/// "2 дня"; empty for what is not late.
+QString LatenessText(QDate due, QDate today);
 
 /// A loan with its disc.
 struct ListedLoan {

@@ -46,8 +46,7 @@ void RatingBar::paintEvent(QPaintEvent*)
         painter.setBrush(brush);
         painter.drawRoundedRect(part, thick / 2, thick / 2);
     };
-    if (!isEnabled())
-        return draw(way(1), Theme::mix(shades.color(QPalette::Window), shades.color(QPalette::WindowText), 0.12));
+    if (!isEnabled()) return draw(way(1), Theme::mix(Theme::card(shades), shades.color(QPalette::WindowText), 0.15));
 
     QLinearGradient ahead(left, 0, left + length, 0), gone(left, 0, left + length, 0);
     for (const double place : {0.0, Bad, Terrible, 1.0}) {

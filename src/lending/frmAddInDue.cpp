@@ -88,7 +88,7 @@ void frmAddInDue::build()
     auto* head = row(imgLogo, lblHeader, stretch, label(u"Диск №"_s), lblNumber);
     QWidget* const nothing = nullptr;
     auto* fields = grid({
-        {label(u"Категория"_s), txtCategory},
+        {label(u"Категория"_s, txtCategory), txtCategory},
         {lblDescription, txtName},
         {label(u"&Имя должника"_s, txtFIO), txtFIO},
         {nothing, lblDoNewBackDate},
@@ -106,6 +106,7 @@ void frmAddInDue::Form_Load()
     Guarded("frmAddInDue, Form_Load()"_L1, [&] {
         const Database main = program.mainDatabase();
         auto* completion = new PrefixCompletion(txtFIO->lineEdit(), this);
+        completion->setTypedOnly();
         completion->setItems(BorrowerNames(main));
         txtFIO->addItems(BorrowerNames(main, NameOrder::Alphabet));
         txtFIO->setCurrentIndex(-1);
@@ -134,9 +135,15 @@ void frmAddInDue::showDisc(const CatalogueKind& kind, qint64 disc)
     imgLogo->setAccent(kind.accent);
     lblNumber->setText(found ? QString::number(found->number) : u"-"_s);
     txtCategory->setText(kind.mediumCaption);
-    lblDescription->setText(kind.nameHeading());
-    txtName->setAccessibleName(kind.nameHeading());
-    txtName->setText(found ? found->name : u"-"_s);
+    showTitle(kind.nameHeading(), found ? found->name : u"-"_s);
+}
+
+void frmAddInDue::showTitle(const QString& caption, const QString& title)
+{
+    lblDescription->setText(caption);
+    txtName->setAccessibleName(caption);
+    txtName->setText(title);
+    txtName->setToolTip(title); // longer than the box, often
     txtName->setCursorPosition(0);
 }
 
@@ -145,16 +152,14 @@ void frmAddInDue::LendDisc(const CatalogueKind& kind, qint64 disc) { showDisc(ki
 void frmAddInDue::ChangeTermOf(const ListedLoan& loan, const QString& borrower)
 {
     showDisc(*loan.kind, loan.discKey);
-    lblDescription->setText(loan.titleCaption());
-    txtName->setText(loan.title());
-    txtName->setCursorPosition(0);
+    showTitle(loan.titleCaption(), loan.title());
     setWindowTitle(u"Изменение срока"_s);
     lblHeader->setText(u"Изменение срока возврата"_s);
     const QString before = loan.due.isValid() ? FormatDate(loan.due, u"d MMMM yyyy г."_s) : u"бессрочный долг"_s;
     lblDoNewBackDate->setText(u"Ранее установленная дата возврата:\n"_s + before);
     lblDoNewBackDate->show();
     {
-        const QSignalBlocker noCompletion(txtFIO->lineEdit());
+        const QSignalBlocker noWarning(txtFIO->lineEdit()); // he has the disc already
         txtFIO->setEditText(borrower);
     }
     txtFIO->setEnabled(false);
@@ -174,8 +179,10 @@ void frmAddInDue::chDueNonStop_Click()
 void frmAddInDue::CheckDue()
 {
     Guarded("frmAddInDue, CheckDue()"_L1, [&] {
-        const QString name = CleanText(txtFIO->currentText().trimmed());
-        const QString word = WarningAbout(program.mainDatabase(), name, program.clock.today());
+        // A completed letter is a change of its own besides the typed one.
+        if (std::exchange(m_rated, txtFIO->currentText()) == txtFIO->currentText()) return;
+        const Hourglass hourglass;
+        const QString word = WarningAbout(program.mainDatabase(), name(), program.clock.today());
         lblRating3->setText(word);
         for (QWidget* part : ratingParts()) part->setVisible(!word.isEmpty());
         // For those who do not see it.
@@ -184,22 +191,28 @@ void frmAddInDue::CheckDue()
     });
 }
 
+/// A name that somebody has stays as it is, whatever it holds; a new one becomes what may be written.
+QString frmAddInDue::name() const
+{
+    const QString typed = txtFIO->currentText();
+    return FindBorrower(program.mainDatabase(), typed) ? typed : CleanText(typed.trimmed());
+}
+
 void frmAddInDue::cmdAdd()
 {
     Guarded("frmAddInDue, cmdAdd()"_L1, [&] {
-        const QString name = CleanText(txtFIO->currentText().trimmed());
-        if (name.isEmpty()) {
+        if (name().isEmpty()) {
             txtFIO->setEditText({});
             return refuse(txtFIO->lineEdit(), u"Введите или выберите из списка имя должника.\r"
                                               "Данное поле является обязательным для заполнения."_s);
         }
-        if (save(name)) program.shared.DialogDone = true;
+        if (save()) program.shared.DialogDone = true;
         Unload();
     });
 }
 
-/// False when somebody else was there before.
-bool frmAddInDue::save(const QString& name)
+/// False when it cannot be done any more; the user has been told then.
+bool frmAddInDue::save()
 {
     const Database main = program.mainDatabase();
     const QDate due = chDueNonStop->isChecked() ? QDate() : dtpBackDate->date();
@@ -208,8 +221,10 @@ bool frmAddInDue::save(const QString& name)
         MsgBox(u"Диск № %1 не одалживался!"_s.arg(lblNumber->text()));
         return false;
     }
-    if (IssueDisc(main, *m_kind, m_disc, FindOrAddBorrower(main, name), due)) return true;
-    MsgBox(u"Диск № %1 уже находится у должника."_s.arg(lblNumber->text()));
+    const auto disc = DiscWithKey(main, *m_kind, m_disc);
+    if (disc && !disc->lent) return IssueDisc(main, *m_kind, m_disc, FindOrAddBorrower(main, name()), due);
+    MsgBox((disc ? u"Диск № %1 уже находится у должника."_s : u"Диск № %1 отсутствует в каталоге."_s)
+               .arg(lblNumber->text()));
     return false;
 }
 

@@ -47,13 +47,16 @@ private:
     void Form_Activate() override;
 
     void showDisc(const CatalogueKind& kind, qint64 disc);
+    void showTitle(const QString& caption, const QString& title);
     void chDueNonStop_Click();
     void CheckDue();
     void cmdAdd();
-    bool save(const QString& name);
+    QString name() const;
+    bool save();
 
     const CatalogueKind* m_kind = nullptr;
     qint64 m_disc = 0;
+    QString m_rated; ///< text of txtFIO that the warning is about
 };
 
 /// Opens it to lend a disc.

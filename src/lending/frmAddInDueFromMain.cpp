@@ -25,8 +25,7 @@ void frmAddInDueFromMain::setUpControls()
     imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Выдать диск должнику или принять его обратно (Enter)"_s);
     imgButton[0]->setDefault(true);
     imgButton[1]->setup(u"close"_s, u"&Закрыть"_s, u"Закрыть (Esc)"_s);
-    imgButton[2]->setup(u"list-all"_s, u"&Выбрать…"_s, u"Выбрать диск из списка"_s, Qt::Key_F4);
-    imgButton[2]->setEnabled(program.offers(u"frmSelectCD"));
+    setUpPicker(imgButton[2]);
     connect(imgButton[0], &ImageButton::clicked, this, [this] { cmdOK_Click(); });
     connect(imgButton[1], &ImageButton::clicked, this, [this] { Unload(); });
     connect(imgButton[2], &ImageButton::clicked, this, [this] { cmdPickDisc(); });

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "lending/DiscNumberScreen.h"
-#include "ui/ImageButton.h"
 
 /// Lends or takes back a disc that is named by its number, without its catalogue.
 class frmAddInDueFromMain : public DiscNumberScreen {

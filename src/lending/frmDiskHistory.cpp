@@ -28,8 +28,7 @@ void frmDiskHistory::setUpControls()
     txtNoHistory->setText(u"Назовите диск, и здесь появятся те, кто его брал."_s);
 
     imgButton[0]->setup(u"close"_s, u"&Закрыть"_s, u"Закрыть (Esc)"_s);
-    imgButton[1]->setup(u"list-all"_s, u"&Выбрать…"_s, u"Выбрать диск из списка"_s, Qt::Key_F4);
-    imgButton[1]->setEnabled(program.offers(u"frmSelectCD"));
+    setUpPicker(imgButton[1]);
     imgButton[2]->setup(u"history"_s, u"&Показать"_s, u"Показать историю диска (Enter)"_s);
     imgButton[2]->setDefault(true);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "lending/DiscNumberScreen.h"
-#include "ui/ImageButton.h"
 #include "ui/ListView.h"
 
 /// Who had a disc, and when.

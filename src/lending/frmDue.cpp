@@ -4,12 +4,11 @@
 #include "frame/Text.h"
 #include "lending/Borrowers.h"
 #include "lending/DaysOverdue.h"
+#include "lending/Ledger.h"
 #include "recognition/frmSelectCategory.h"
 #include "ui/FocusMoves.h"
 
 #include <algorithm>
-
-static constexpr int LendButton = 1, ReturnButton = 2, TermButton = 3, StatisticsButton = 4, WholeListButton = 5;
 
 frmDue::frmDue(Program& program)
     : Screen(program, u"frmDue"_s, u"Список должников"_s), dcDatabase(new DataControl(this)),
@@ -51,7 +50,7 @@ void frmDue::focusList()
     if (dcDatabase->hasRow())
         dbGrid->setFocus();
     else
-        imgButton[imgButton[LendButton]->isEnabled() ? LendButton : 0]->setFocus();
+        imgButton[LendButton]->setFocus();
 }
 
 void frmDue::Form_Unload()
@@ -101,10 +100,11 @@ void frmDue::cmbCategory_Click()
 
 void frmDue::txtDueName_Click()
 {
-    const QString name = CleanText(txtDueName->currentText());
+    const QString name = txtDueName->currentText();
     if (name.isEmpty()) return ClearDueQuery();
     cmbCategory->setCurrentIndex(0);
-    filterBy(BorrowerFilter(name));
+    const bool known = txtDueName->findText(name, Qt::MatchFixedString | Qt::MatchCaseSensitive) >= 0;
+    filterBy(known ? NameFilter(name) : BorrowerFilter(name));
 }
 
 void frmDue::ClearDueQuery()
@@ -112,7 +112,7 @@ void frmDue::ClearDueQuery()
     program.shared.CatalogueQueryFilter.clear();
     setWindowTitle(u"Список должников"_s);
     // A button that greys under the focus hands it to its neighbour.
-    if (imgButton[WholeListButton]->hasFocus()) dbGrid->setFocus();
+    if (imgButton[WholeListButton]->hasFocus()) focusList();
     imgButton[WholeListButton]->setEnabled(false);
     cmbSorted_Click();
 }
@@ -133,9 +133,11 @@ void frmDue::dcDatabase_Reposition()
         // An empty list leaves nothing to look for; an empty result leaves the filters to be changed.
         setEnabledByTag(u"MyGroup", any || filtered());
         setVisibleByTag(u"ListGroup", any || filtered());
-        for (const int button : {ReturnButton, TermButton}) imgButton[std::size_t(button)]->setEnabled(any);
-        imgButton[StatisticsButton]->setEnabled(any && program.offers(u"frmDueStat"));
-        cmdMakeChange->setEnabled(any);
+        for (QWidget* control : std::initializer_list<QWidget*>{imgButton[ReturnButton], imgButton[TermButton],
+                                                                txtTelephone, cmdMakeChange})
+            control->setEnabled(any);
+        // Who has brought everything back is known by his name alone.
+        imgButton[StatisticsButton]->setEnabled(any || filtered());
         dbGrid->setVisible(any);
         lblNoLoans->setVisible(!any);
         if (any)
@@ -161,10 +163,12 @@ void frmDue::showLoan(const ListedLoan& loan)
     cmbCategory->setCurrentText(loan.kind ? loan.kind->mediumCaption : QString());
     txtNumber->setText(loan.disc ? QString::number(loan.disc->number) : QString());
     txtName->setText(loan.title());
+    txtName->setToolTip(loan.title()); // longer than the box, often
     txtName->setCursorPosition(0);
     showBorrower();
     txtTelephone->setText(dcDatabase->value(u"Телефон").text());
     showDays(loan.due);
+    imgButton[TermButton]->setEnabled(loan.kind);
 }
 
 void frmDue::showBorrower()
@@ -180,8 +184,10 @@ void frmDue::showBorrower()
 bool frmDue::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusOut && FocusMoves(*static_cast<QFocusEvent*>(event)) && dcDatabase->hasRow()) {
-        if (watched == txtDueName) showBorrower();
-        if (watched == txtNumber && txtNumber->isModified()) showLoan(currentLoan());
+        Guarded("frmDue, Control_LostFocus()"_L1, [&] {
+            if (watched == txtDueName) showBorrower();
+            if (watched == txtNumber && txtNumber->isModified()) showLoan(currentLoan());
+        });
     }
     return Screen::eventFilter(watched, event);
 }
@@ -200,14 +206,14 @@ void frmDue::txtNumber_KeyPress()
         const int number = DiscNumber(txtNumber->text());
         if (number == 0) return refuse(txtNumber, u"Указан не верный номер диска. Повторите ввод."_s);
         const QList<DiscOut> out = DiscsOut(program.mainDatabase(), number);
-        const QString noLoan = u"Диска № %1 нет в списке должников!"_s.arg(number);
-        if (out.isEmpty()) return refuse(txtNumber, noLoan);
-        const DiscOut* disc = out.size() == 1 ? &out.first() : choose(out, number);
-        if (!disc) return txtNumber->selectAll();
+        const DiscOut* disc = out.size() > 1 ? choose(out, number) : out.isEmpty() ? nullptr : &out.first();
+        if (!disc && !out.isEmpty()) return txtNumber->selectAll();
+        // What is only marked as lent is not in the list either.
+        if (!disc || !HasOpenLoan(program.mainDatabase(), *disc->kind, disc->disc))
+            return refuse(txtNumber, u"Диска № %1 нет в списке должников!"_s.arg(number));
         if (goTo(*disc)) return;
-        // Behind a filter, or marked as lent without a loan.
-        if (filtered()) ClearDueQuery();
-        if (!goTo(*disc)) refuse(txtNumber, noLoan);
+        ClearDueQuery(); // it is behind the filter
+        goTo(*disc);
     });
 }
 
@@ -216,12 +222,9 @@ const DiscOut* frmDue::choose(const QList<DiscOut>& out, int number)
 {
     frmSelectCategory dialog(program);
     dialog.Load();
-    dialog.lblTrabl->setText(u"Какая категория диска № %1 Вас интересует?"_s.arg(number));
-    dialog.lblInfo->hide();
-    const std::array options{dialog.optAD, dialog.optPC, dialog.optDVD}; // in the order of AllCatalogues()
-    for (std::size_t i = 0; i < options.size(); ++i)
-        options[i]->setEnabled(std::ranges::find(out, AllCatalogues()[i], &DiscOut::kind) != out.end());
-    dialog.choose(int(CatalogueIndex(*out.first().kind)));
+    std::array<bool, 3> offered{};
+    for (const DiscOut& disc : out) offered[CatalogueIndex(*disc.kind)] = true;
+    dialog.ask(u"Какая категория диска № %1 Вас интересует?"_s.arg(number), offered);
     dialog.ShowModal(this);
     if (!std::exchange(program.shared.DialogDone, false)) return nullptr;
     const CatalogueKind* chosen = AllCatalogues()[std::size_t(dialog.choice())];

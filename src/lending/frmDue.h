@@ -37,7 +37,7 @@ public:
     IconLabel* imgDue = named("imgDue");
     QLabel* lblDue = named("lblDue");
 
-    /// 0 close, 1 lend a disc, 2 return, 3 change of term, 4 statistics, 5 whole list.
+    enum Button : std::size_t { CloseButton, LendButton, ReturnButton, TermButton, StatisticsButton, WholeListButton };
     std::array<ImageButton*, 6> imgButton = namedArray("imgButton");
 
 private:

@@ -6,12 +6,17 @@
 #include "lending/frmDue.h"
 #include "lending/frmDueStat.h"
 
-void frmDue::rowDoubleClicked() { imgButton[OptionIsOn(program, u"DblClickDue") ? 4 : 3]->click(); }
+void frmDue::rowDoubleClicked()
+{
+    imgButton[OptionIsOn(program, u"DblClickDue") ? StatisticsButton : TermButton]->click();
+}
 
 void frmDue::lendAnother()
 {
     Guarded("frmDue, imgButton_Click()"_L1, [&] {
+        const QString filter = program.shared.CatalogueQueryFilter; // the picker has a use of its own for it
         frmAddInDueFromMain(program).ShowModal(this);
+        program.shared.CatalogueQueryFilter = filter;
         loadNames(); // somebody may have borrowed for the first time
         dcDatabase->RefreshInPlace();
         focusList();
@@ -26,9 +31,11 @@ void frmDue::cmdDelete()
         const int position = dcDatabase->position();
         if (loan.kind)
             TakeBack(program.mainDatabase(), *loan.kind, loan.discKey, program.clock.today(), Closes::NewestOpen);
+        else
+            CloseLoan(program.mainDatabase(), dcDatabase->value(u"КодДолжника").toLong(), program.clock.today());
         dcDatabase->Refresh();
         dcDatabase->MoveTo(position);
-        dbGrid->setFocus();
+        focusList();
     });
 }
 
@@ -52,14 +59,7 @@ void frmDue::cmdChange()
 
 void frmDue::cmdMakeChange_Click()
 {
-    Guarded("frmDue, cmdMakeChange_Click()"_L1, [&] {
-        if (!dcDatabase->hasRow()) return;
-        const QString name = borrower();
-        ChangePhone(program.mainDatabase(), dcDatabase->value(u"КодИмени").toLong(), txtTelephone->text());
-        dcDatabase->RefreshInPlace();
-        MsgBox(u"Телефон должника '%1' был успешно изменен."_s.arg(name), Box::Information);
-        txtTelephone->selectAll();
-    });
+    Guarded("frmDue, cmdMakeChange_Click()"_L1, [&] { StorePhone(program, *dcDatabase, *txtTelephone); });
 }
 
 void frmDue::ShowBorrowerStat()
@@ -67,7 +67,11 @@ void frmDue::ShowBorrowerStat()
     Guarded("frmDue, ShowBorrowerStat()"_L1, [&] {
         frmDueStat statistics(program);
         statistics.Load();
-        statistics.GoTo(dcDatabase->value(u"КодИмени").toLong());
+        const auto named = FindBorrower(program.mainDatabase(), txtDueName->currentText());
+        if (dcDatabase->hasRow())
+            statistics.GoTo(dcDatabase->value(u"КодИмени").toLong());
+        else if (named)
+            statistics.GoTo(*named);
         statistics.ShowModal(this);
     });
 }

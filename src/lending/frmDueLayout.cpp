@@ -1,7 +1,7 @@
 #include "frame/Text.h"
 #include "lending/Borrowers.h"
-#include "lending/DaysOverdue.h"
 #include "lending/frmDue.h"
+#include "ui/DeliberateChoice.h"
 #include "ui/Icons.h"
 #include "ui/Lettering.h"
 #include "ui/Theme.h"
@@ -14,16 +14,10 @@ void frmDue::setUpList()
         const CatalogueKind* kind = listed(loan.toLong()).kind;
         return kind ? catalogueIcon(kind->icon, kind->accent) : QIcon();
     };
-    const auto isToday = [this](const Value& loan) { return listed(loan.toLong()).due == this->program.clock.today(); };
-    const auto due = [this, day, isToday](const Value& loan) {
-        const QDate promised = listed(loan.toLong()).due;
-        if (!promised.isValid()) return u"без срока"_s;
-        return isToday(loan) ? u"сегодня"_s : day(promised);
-    };
-    const auto late = [this](const Value& loan) {
-        const int days = DaysOverdue(listed(loan.toLong()).due, this->program.clock.today());
-        return days > 0 ? DaysOverdueText(days) : QString();
-    };
+    const auto today = [this] { return this->program.clock.today(); };
+    const auto isToday = [=, this](const Value& loan) { return listed(loan.toLong()).due == today(); };
+    const auto due = [=, this](const Value& loan) { return TermText(listed(loan.toLong()).due, today()); };
+    const auto late = [=, this](const Value& loan) { return LatenessText(listed(loan.toLong()).due, today()); };
     const auto always = [](const Value&) { return true; };
     const QString loan = u"КодДолжника"_s;
     dbGrid->setColumns({
@@ -35,7 +29,7 @@ void frmDue::setUpList()
     });
     dbGrid->setDataControl(dcDatabase);
     dbGrid->setAccessibleName(u"Список должников"_s);
-    cmbSorted->addItems(LoanListOrders());
+    for (const SortOrder& order : LoanListOrders()) cmbSorted->addItem(order.item);
     chSortedDESC->setText(u"в об&ратном порядке"_s);
     dbGrid->setMinimumHeight(fontMetrics().height() * 10);
     lettered(lblNoLoans, Lettering::Heading)->setAlignment(Qt::AlignCenter);
@@ -54,6 +48,7 @@ void frmDue::setUpDetails()
     for (QLineEdit* box : {txtName, txtDaysDue}) box->setReadOnly(true);
     lblDescriptionCD->setTextFormat(Qt::PlainText);
     for (QComboBox* list : {cmbCategory, txtDueName}) {
+        ChooseDeliberately(list);
         list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         list->setMinimumContentsLength(18);
     }
@@ -64,18 +59,18 @@ void frmDue::setUpDetails()
     imgDue->setIcon(u"loan-warning"_s, Theme::danger(palette()));
     lettered(lettered(lblDue, Lettering::Heading), Lettering::Danger);
     cmdMakeChange->setup(u"save"_s, {}, u"Записать телефон должника (Enter)"_s);
-    setTag({txtNumber, cmbCategory, txtName, txtDueName, txtTelephone, txtDaysDue}, u"MyGroup"_s);
+    setTag({txtNumber, cmbCategory, txtName, txtDueName, txtDaysDue}, u"MyGroup"_s);
 }
 
 void frmDue::setUpButtons()
 {
-    imgButton[0]->setup(u"close"_s, u"Закрыть"_s, u"Закрыть список (Esc)"_s);
-    imgButton[1]->setup(u"loan"_s, u"Выдать диск"_s, u"Выдать диск новому должнику (Insert)"_s);
-    imgButton[2]->setup(u"loan-return"_s, u"Вернул"_s, u"Диск вернулся: удалить должника из списка (Delete)"_s);
-    imgButton[3]->setup(u"calendar"_s, u"Изменить срок"_s, u"Изменить срок возврата"_s, Qt::Key_F2);
-    imgButton[4]->setup(u"statistics"_s, u"Статистика"_s, u"Статистика этого должника"_s);
-    imgButton[5]->setup(u"list-all"_s, u"Весь список"_s, u"Показать весь список"_s, Qt::Key_F5);
-    imgButton[1]->setEnabled(program.offers(u"frmAddInDueFromMain"));
+    imgButton[CloseButton]->setup(u"close"_s, u"Закрыть"_s, u"Закрыть список (Esc)"_s);
+    imgButton[LendButton]->setup(u"loan"_s, u"Выдать диск"_s, u"Выдать диск новому должнику (Insert)"_s);
+    imgButton[ReturnButton]->setup(u"loan-return"_s, u"Вернул"_s,
+                                   u"Диск вернулся: удалить должника из списка (Delete)"_s);
+    imgButton[TermButton]->setup(u"calendar"_s, u"Изменить срок"_s, u"Изменить срок возврата"_s, Qt::Key_F2);
+    imgButton[StatisticsButton]->setup(u"statistics"_s, u"Статистика"_s, u"Статистика этого должника"_s);
+    imgButton[WholeListButton]->setup(u"list-all"_s, u"Весь список"_s, u"Показать весь список"_s, Qt::Key_F5);
 }
 
 void frmDue::connectControls()
@@ -92,14 +87,14 @@ void frmDue::connectControls()
     connect(txtTelephone, &QLineEdit::returnPressed, this, [this] { cmdMakeChange_Click(); });
     connect(cmdMakeChange, &ImageButton::clicked, this, [this] { cmdMakeChange_Click(); });
     connect(dbGrid, &DBGrid::rowDoubleClicked, this, [this] { rowDoubleClicked(); });
-    connect(dbGrid, &DBGrid::deletePressed, this, [this] { imgButton[2]->click(); });
-    connect(dbGrid, &DBGrid::insertPressed, this, [this] { imgButton[1]->click(); });
-    connect(imgButton[0], &ImageButton::clicked, this, [this] { Unload(); });
-    connect(imgButton[1], &ImageButton::clicked, this, [this] { lendAnother(); });
-    connect(imgButton[2], &ImageButton::clicked, this, [this] { cmdDelete(); });
-    connect(imgButton[3], &ImageButton::clicked, this, [this] { cmdChange(); });
-    connect(imgButton[4], &ImageButton::clicked, this, [this] { ShowBorrowerStat(); });
-    connect(imgButton[5], &ImageButton::clicked, this, [this] { ClearDueQuery(); });
+    connect(dbGrid, &DBGrid::deletePressed, this, [this] { imgButton[ReturnButton]->click(); });
+    connect(dbGrid, &DBGrid::insertPressed, this, [this] { imgButton[LendButton]->click(); });
+    connect(imgButton[CloseButton], &ImageButton::clicked, this, [this] { Unload(); });
+    connect(imgButton[LendButton], &ImageButton::clicked, this, [this] { lendAnother(); });
+    connect(imgButton[ReturnButton], &ImageButton::clicked, this, [this] { cmdDelete(); });
+    connect(imgButton[TermButton], &ImageButton::clicked, this, [this] { cmdChange(); });
+    connect(imgButton[StatisticsButton], &ImageButton::clicked, this, [this] { ShowBorrowerStat(); });
+    connect(imgButton[WholeListButton], &ImageButton::clicked, this, [this] { ClearDueQuery(); });
 }
 
 QLayout* frmDue::details()
@@ -133,8 +128,8 @@ void frmDue::build()
     auto* sign = new IconLabel;
     sign->setIcon(u"people"_s);
     sign->setScale(2);
-    auto* buttons = row(sign, imgButton[1], imgButton[2], imgButton[3], imgButton[4], stretch, imgButton[5],
-                        imgButton[0]);
+    auto* buttons = row(sign, imgButton[LendButton], imgButton[ReturnButton], imgButton[TermButton],
+                        imgButton[StatisticsButton], stretch, imgButton[WholeListButton], imgButton[CloseButton]);
     buttons->setSpacing(Theme::Gap);
     auto* counter = row(lblSorted, cmbSorted, chSortedDESC, stretch, lblCDsCount0, lblCDsCount1);
     auto* list = column(counter, stack(dbGrid, lblNoLoans));

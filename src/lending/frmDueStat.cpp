@@ -8,10 +8,8 @@
 
 #include <algorithm>
 
-frmDueStat::frmDueStat(Program& program)
-    : Screen(program, u"frmDueStat"_s, u"Статистика должников"_s), dcDatabase(new DataControl(this))
+frmDueStat::frmDueStat(Program& program) : BorrowerScreen(program, u"frmDueStat"_s, u"Статистика должников"_s)
 {
-    dcDatabase->setObjectName(u"dcDatabase"_s);
     setUpLists();
     setUpRating();
     build();
@@ -20,10 +18,6 @@ frmDueStat::frmDueStat(Program& program)
 
 void frmDueStat::setUpLists()
 {
-    dbGrid->setColumns(
-        {{.field = u"Имя"_s, .caption = u"Должник"_s}, {.field = u"Телефон"_s, .caption = u"Телефон"_s, .width = 15}});
-    dbGrid->setDataControl(dcDatabase);
-    dbGrid->setAccessibleName(u"Должники"_s);
     dbGrid->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
 
     const std::array captions{u"&Все"_s, u"&Аудио"_s, u"&Компьютерные"_s, u"&DVD"_s};
@@ -57,10 +51,6 @@ void frmDueStat::setUpRating()
 
 void frmDueStat::connectControls()
 {
-    connect(dcDatabase, &DataControl::Reposition, this, [this] { dcDatabase_Reposition(); });
-    connect(dbGrid, &DBGrid::typed, this, [this](const QString& character) {
-        Guarded("frmDueStat, DBGrid_KeyPress()"_L1, [&] { m_typeAhead.typed(*dcDatabase, character); });
-    });
     for (QRadioButton* option : optSorted) connect(option, &QRadioButton::clicked, this, [this] { CheckDue(); });
     connect(chDue, &QCheckBox::clicked, this, [this] { CheckDue(); });
     connect(lvRating, &ListView::rowActivated, this, [this](int row) { lvRating_DblClick(row); });
@@ -99,37 +89,14 @@ void frmDueStat::build()
     resize(fontMetrics().horizontalAdvance(u'0') * 116, fontMetrics().height() * 34);
 }
 
-void frmDueStat::Form_Load()
+void frmDueStat::showBorrower()
 {
-    Guarded("frmDueStat, Form_Load()"_L1, [&] {
-        dcDatabase->setDatabase(program.mainDatabase());
-        dcDatabase->setRecordSource(u"SELECT * FROM ИменаДолжников ORDER BY Имя"_s);
-        dcDatabase->Refresh();
-    });
-}
-
-void frmDueStat::Form_Activate()
-{
+    setWindowTitle(u"Статистика должников (всего: %1)"_s.arg(dcDatabase->recordCount()));
+    setEnabledByTag(u"MyGroup", dcDatabase->hasRow());
     if (dcDatabase->hasRow())
-        dbGrid->setFocus();
+        CheckDue();
     else
-        imgButton[0]->setFocus();
-}
-
-void frmDueStat::Form_Unload() { dcDatabase->close(); }
-
-void frmDueStat::GoTo(qint64 borrower) { dcDatabase->FindFirst(u"КодИмени = ?"_s, {borrower}); }
-
-void frmDueStat::dcDatabase_Reposition()
-{
-    Guarded("frmDueStat, dcDatabase_Reposition()"_L1, [&] {
-        setWindowTitle(u"Статистика должников (всего: %1)"_s.arg(dcDatabase->recordCount()));
-        setEnabledByTag(u"MyGroup", dcDatabase->hasRow());
-        if (dcDatabase->hasRow())
-            CheckDue();
-        else
-            showNothing();
-    });
+        showNothing();
 }
 
 const CatalogueKind* frmDueStat::chosenKind() const
@@ -143,8 +110,8 @@ void frmDueStat::CheckDue()
 {
     Guarded("frmDueStat, CheckDue()"_L1, [&] {
         const Hourglass hourglass;
-        m_record = RecordOf(program.mainDatabase(), dcDatabase->value(u"КодИмени").toLong(), program.clock.today(),
-                            chosenKind(), chDue->isChecked());
+        m_record = RecordOf(program.mainDatabase(), currentKey(), program.clock.today(), chosenKind(),
+                            chDue->isChecked());
         if (m_record.isEmpty()) return showNothing();
         showRecord();
         const Standing standing = StandingOf(m_record);

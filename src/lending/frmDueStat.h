@@ -1,27 +1,24 @@
 #pragma once
 
-#include "frame/Screen.h"
+#include "lending/BorrowerScreen.h"
 #include "lending/Rating.h"
 #include "lending/RatingBar.h"
-#include "ui/DBGrid.h"
 #include "ui/IconLabel.h"
 #include "ui/ImageButton.h"
 #include "ui/ListView.h"
-#include "ui/TypeAhead.h"
 
 #include <QCheckBox>
 #include <QRadioButton>
 
 /// The borrowers, and of the current one every disc that he has had, how late he brought it back and how he is rated for
 /// that.
-class frmDueStat : public Screen {
+class frmDueStat : public BorrowerScreen {
 public:
     explicit frmDueStat(Program& program);
 
     /// Behind Load(): begins with that borrower.
-    void GoTo(qint64 borrower);
+    void GoTo(qint64 borrower) { goTo(borrower); }
 
-    class DBGrid* dbGrid = named("DBGrid");
     std::array<QRadioButton*, 4> optSorted = namedArray("optSorted"); ///< all, then in the order of AllCatalogues()
     QCheckBox* chDue = named("chDue");                                ///< only discs that are out
     ListView* lvRating = named("lvRating");
@@ -42,11 +39,9 @@ private:
     void connectControls();
     void build();
     QWidget* rating();
-    void Form_Load() override;
-    void Form_Activate() override;
-    void Form_Unload() override;
+    void showBorrower() override;
+    QWidget* focusWithoutRows() override { return imgButton[0]; }
 
-    void dcDatabase_Reposition();
     void CheckDue();
     void showRecord();
     void showNothing();
@@ -57,7 +52,5 @@ private:
     /// Null for all.
     const CatalogueKind* chosenKind() const;
 
-    DataControl* const dcDatabase;
-    TypeAhead m_typeAhead{u"Имя"_s};
     QList<RecordedLoan> m_record; ///< on view; rows hold their place in it
 };

@@ -6,10 +6,8 @@
 #include "ui/Lettering.h"
 #include "ui/Theme.h"
 
-frmEditDue::frmEditDue(Program& program)
-    : Screen(program, u"frmEditDue"_s, u"Редактирование имен должников"_s), dcDatabase(new DataControl(this))
+frmEditDue::frmEditDue(Program& program) : BorrowerScreen(program, u"frmEditDue"_s, u"Редактирование имен должников"_s)
 {
-    dcDatabase->setObjectName(u"dcDatabase"_s);
     setUpControls();
     build();
     connectControls();
@@ -17,10 +15,6 @@ frmEditDue::frmEditDue(Program& program)
 
 void frmEditDue::setUpControls()
 {
-    dbGrid->setColumns(
-        {{.field = u"Имя"_s, .caption = u"Должник"_s}, {.field = u"Телефон"_s, .caption = u"Телефон"_s, .width = 15}});
-    dbGrid->setDataControl(dcDatabase);
-    dbGrid->setAccessibleName(u"Имена должников"_s);
     dbGrid->setMinimumSize(fontMetrics().averageCharWidth() * 44, fontMetrics().height() * 12);
     lettered(lblNoNames, Lettering::Heading)->setAlignment(Qt::AlignCenter);
     lblNoNames->setForegroundRole(QPalette::PlaceholderText);
@@ -53,7 +47,6 @@ void frmEditDue::build()
 
 void frmEditDue::connectControls()
 {
-    connect(dcDatabase, &DataControl::Reposition, this, [this] { dcDatabase_Reposition(); });
     connect(imgButton[0], &ImageButton::clicked, this, [this] { Unload(); });
     connect(imgButton[1], &ImageButton::clicked, this, [this] { cmdAddName(); });
     connect(imgButton[2], &ImageButton::clicked, this, [this] { cmdDelete(); });
@@ -63,42 +56,17 @@ void frmEditDue::connectControls()
     connect(dbGrid, &DBGrid::insertPressed, this, [this] { cmdAddName(); });
     connect(dbGrid, &DBGrid::deletePressed, this, [this] { cmdDelete(); });
     connect(dbGrid, &DBGrid::rowDoubleClicked, this, [this] { cmdChangeName(); });
-    connect(dbGrid, &DBGrid::typed, this, [this](const QString& character) {
-        Guarded("frmEditDue, DBGrid_KeyPress()"_L1, [&] { m_typeAhead.typed(*dcDatabase, character); });
-    });
 }
 
-void frmEditDue::Form_Load()
+void frmEditDue::showBorrower()
 {
-    Guarded("frmEditDue, Form_Load()"_L1, [&] {
-        dcDatabase->setDatabase(program.mainDatabase());
-        dcDatabase->setRecordSource(u"SELECT * FROM ИменаДолжников ORDER BY Имя"_s);
-        dcDatabase->Refresh();
-    });
-}
-
-void frmEditDue::Form_Activate()
-{
-    if (dcDatabase->hasRow())
-        dbGrid->setFocus();
-    else
-        imgButton[1]->setFocus();
-}
-
-void frmEditDue::Form_Unload() { dcDatabase->close(); }
-
-void frmEditDue::dcDatabase_Reposition()
-{
-    Guarded("frmEditDue, dcDatabase_Reposition()"_L1, [&] {
-        const bool any = dcDatabase->hasRow();
-        dbGrid->setVisible(any);
-        lblNoNames->setVisible(!any);
-        for (QWidget* control :
-             std::initializer_list<QWidget*>{imgButton[2], imgButton[3], cmdMakeChange, txtTelephone})
-            control->setEnabled(any);
-        lblCount->setText(QString::number(dcDatabase->recordCount()));
-        txtTelephone->setText(dcDatabase->value(u"Телефон").text());
-    });
+    const bool any = dcDatabase->hasRow();
+    dbGrid->setVisible(any);
+    lblNoNames->setVisible(!any);
+    for (QWidget* control : std::initializer_list<QWidget*>{imgButton[2], imgButton[3], cmdMakeChange, txtTelephone})
+        control->setEnabled(any);
+    lblCount->setText(QString::number(dcDatabase->recordCount()));
+    txtTelephone->setText(dcDatabase->value(u"Телефон").text());
 }
 
 QString frmEditDue::askName(const QString& prompt, const QString& title, const QString& present)
@@ -121,8 +89,8 @@ QString frmEditDue::askName(const QString& prompt, const QString& title, const Q
 void frmEditDue::standOn(qint64 borrower)
 {
     dcDatabase->Refresh();
-    dcDatabase->FindFirst(u"КодИмени = ?"_s, {borrower});
-    dbGrid->setFocus();
+    goTo(borrower);
+    focusList();
 }
 
 void frmEditDue::cmdAddName()
@@ -147,14 +115,7 @@ void frmEditDue::cmdChangeName()
 
 void frmEditDue::cmdMakeChange_Click()
 {
-    Guarded("frmEditDue, cmdMakeChange_Click()"_L1, [&] {
-        if (!dcDatabase->hasRow()) return;
-        const QString name = currentName();
-        ChangePhone(program.mainDatabase(), currentKey(), txtTelephone->text());
-        dcDatabase->RefreshInPlace();
-        MsgBox(u"Телефон должника '%1' был успешно изменен."_s.arg(name), Box::Information);
-        txtTelephone->selectAll();
-    });
+    Guarded("frmEditDue, cmdMakeChange_Click()"_L1, [&] { StorePhone(program, *dcDatabase, *txtTelephone); });
 }
 
 void frmEditDue::cmdDelete()
@@ -165,14 +126,13 @@ void frmEditDue::cmdDelete()
         const QString question = u"Вы действительно хотите удалить должника '%1'?\r"
                                  "Статистическая информация будет также удалена."_s;
         if (!Ask(question.arg(name), Box::Question | Box::SafeDefault)) return;
-        if (HasOpenLoans(program.mainDatabase(), currentKey())) {
+        const int position = dcDatabase->position();
+        if (!DeleteBorrower(program.mainDatabase(), currentKey())) {
             MsgBox(u"Должник '%1' не может быть удален, т.к. за ним числится один или более долгов."_s.arg(name));
             return;
         }
-        const int position = dcDatabase->position();
-        DeleteBorrower(program.mainDatabase(), currentKey());
         dcDatabase->Refresh();
         dcDatabase->MoveTo(position);
-        Form_Activate();
+        focusList();
     });
 }

@@ -44,3 +44,12 @@ int frmSelectCategory::choice() const
 }
 
 void frmSelectCategory::choose(int category) { options()[std::size_t(category)]->setChecked(true); }
+
+void frmSelectCategory::ask(const QString& question, const std::array<bool, 3>& offered)
+{
+    lblTrabl->setText(question);
+    lblInfo->hide();
+    imgButton[0]->setup(u"ok"_s, u"ОК"_s, {});
+    for (std::size_t i = 0; i < offered.size(); ++i) options()[i]->setEnabled(offered[i]);
+    choose(int(std::ranges::find(offered, true) - offered.begin()));
+}

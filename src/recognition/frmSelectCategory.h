@@ -13,6 +13,9 @@ public:
     /// In the order of AllCatalogues(); one of them is always chosen.
     int choice() const;
     void choose(int category);
+    /// A question of the opener's own, by which nothing is assigned: among the categories that are offered, of which the
+    /// first is chosen.
+    void ask(const QString& question, const std::array<bool, 3>& offered);
 
     QLabel* lblTrabl = named("lblTrabl");
     QLabel* lblInfo = named("lblInfo");

@@ -11,6 +11,10 @@ class PrefixCompletion : public QObject {
 public:
     PrefixCompletion(QLineEdit* box, QObject* parent);
 
+    /// For the box of a list: what is chosen there or set by a routine is not completed, and Backspace takes the last
+    /// typed letter together with the tail that was not typed.
+    void setTypedOnly() { m_typedOnly = true; }
+
     /// In the order in which they are looked through.
     void setItems(const QStringList& items);
     /// While it says false nothing completes: for routines that fill the box.
@@ -21,10 +25,13 @@ protected:
 
 private:
     void complete(const QString& text);
+    void fill(const QString& item);
 
     QLineEdit* m_box;
     QStringList m_items, m_folded;
     std::function<bool()> m_active;
+    bool m_typedOnly = false;
     bool m_suppressed = false;
+    int m_tail = -1;                        ///< where the tail begins that was not typed, until the next change
     qsizetype m_length = 0, m_selected = 0; ///< of the text and of its selection before the next change
 };

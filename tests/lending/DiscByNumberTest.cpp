@@ -81,6 +81,17 @@ TEST_F(DiscByNumber, IsBackInTheLedgerBeforeTheQuestionAndInTheCatalogueAfterIt)
     EXPECT_EQ(state("DVD"), "0\n0 | 2003-11-15\n");
 }
 
+TEST_F(DiscByNumber, OfAnAudioDiscIsAskedAboutWithItsAlbum)
+{
+    shelf.audio(3, "Кино", "Ночь").lent("Иванов", "2003-10-01");
+    run<frmAddInDueFromMain>([&]() -> Script {
+        co_await click("optMethod_1");
+        expectBox("Подтвердите удаление должника на Аудио диск № 3:\r'Кино - Ночь'\rДолжник: Иванов", 33,
+                  Answer::Cancel);
+        co_await enter("3");
+    });
+}
+
 TEST_F(DiscByNumber, ThatWasPickedIsThatOneAlsoWhereItsNumberIsShared)
 {
     shelf.audio(7, "Кино", "Ночь");

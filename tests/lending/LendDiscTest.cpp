@@ -27,7 +27,7 @@ TEST_F(LendDisc, ANewNameIsANewBorrowerAndTheTermIsNotInThePast)
         EXPECT_EQ(title(), "Добавление должника");
         EXPECT_EQ(focus(), "txtFIO");
         EXPECT_EQ(shown("chDueNonStop"), "бессрочный  долг");
-        EXPECT_EQ(sharedMnemonics(), "");
+        EXPECT_EQ(sharedMnemonics() + unnamedStops(), "");
         for (const char* empty : {"", "  "}) {
             expectBox("Введите или выберите из списка имя должника.\rДанное поле является обязательным для заполнения.",
                       48);
@@ -62,7 +62,6 @@ TEST_F(LendDisc, CompletesKnownNamesAndGivingUpWritesNothing)
             co_await keys("ре");
             EXPECT_EQ(shown("txtFIO"), "Петренко");
             co_await key(Qt::Key_Backspace);
-            co_await key(Qt::Key_Backspace);
             EXPECT_EQ(shown("txtFIO"), "Петр");
             co_await key(Qt::Key_Escape);
         },
@@ -81,6 +80,33 @@ TEST_F(LendDisc, CompletesKnownNamesAndGivingUpWritesNothing)
         Dvd());
     EXPECT_EQ(loans(), "Петров | DVD | 1 | 2003-11-14 | Null | -1\n");
     EXPECT_EQ(BorrowerNames(program.mainDatabase()).size(), 2);
+}
+
+TEST_F(LendDisc, AChosenNameIsThatBorrowerWhoeverElseBeginsSo)
+{
+    for (const char* name : {"Петров", "Петр", "Иван \"Грозный\""}) shelf.borrower(name);
+    int number = 0;
+    for (const char* name : {"Петр", "Иван \"Грозный\""})
+        lend(shelf.audio(++number, "Кино"), [&]() -> Script {
+            co_await select("txtFIO", name);
+            EXPECT_EQ(shown("txtFIO"), name);
+            co_await click("imgButton_0");
+        });
+    EXPECT_EQ(rows("SELECT КодИмяДолжника FROM Должники"), "2\n3\n");
+}
+
+TEST_F(LendDisc, WhatHappenedToTheDiscMeanwhileIsTold)
+{
+    const ShelfDisc disc = shelf.audio(7, "Кино");
+    for (const char* change : {"UPDATE Аудио SET Должник = True", "DELETE FROM Аудио"})
+        lend(disc, [&]() -> Script {
+            co_await type("txtFIO", "Иванов");
+            co_await act([&] { program.mainDatabase().Execute(QString::fromUtf8(change)); });
+            expectBox(*change == 'U' ? "Диск № 7 уже находится у должника." : "Диск № 7 отсутствует в каталоге.", 48);
+            co_await click("imgButton_0");
+        });
+    EXPECT_FALSE(program.shared.DialogDone);
+    EXPECT_EQ(loans() + rows("SELECT Имя FROM ИменаДолжников"), "");
 }
 
 TEST_F(LendDisc, WarnsOfWhoBringsDiscsBackLate)

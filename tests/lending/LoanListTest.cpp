@@ -45,7 +45,7 @@ TEST_F(LoanList, TellsWhoHasWhatSinceWhenAndHowLateHeIs)
                                    "Иванов  | 7. Кино - Группа крови | 01.10.2003 | 12.11.2003 | 2 дня\n"
                                    "Петрова | 7. Debian              | 09.09.2003 | без срока  | \n");
         EXPECT_EQ(counter(), "Должников в списке: 5");
-        EXPECT_EQ(sharedMnemonics(), "");
+        EXPECT_EQ(sharedMnemonics() + unnamedStops(), "");
         const std::pair<const char*, bool> details[] = {
             {"Абрамов |  | нет |  | DVD диск | 2 | Название | Солярис", false},
             {"Борисов |  | нет | Забрать | Компьютерный диск | 1 | Название | Сегодня", true},
@@ -112,6 +112,17 @@ TEST_F(LoanList, FiltersReplaceEachOtherAndAnEmptyResultLeavesThem)
         EXPECT_FALSE(enabled("imgButton_5"));
         co_await select("txtDueName", "Яковлев");
         EXPECT_EQ(names(), "");
+        EXPECT_FALSE(enabled("txtTelephone"));
+        expectForm("frmDueStat");
+        co_await click("imgButton_4");
+        EXPECT_EQ(current("DBGrid").section('|', 0, 0).trimmed(), "Яковлев");
+        co_await key(Qt::Key_Escape);
+
+        expectForm("frmAddInDueFromMain");
+        co_await click("imgButton_1");
+        co_await act([&] { program.shared.CatalogueQueryFilter.clear(); }); // as the picker of discs does
+        co_await key(Qt::Key_Escape);
+        EXPECT_EQ(counter(), "Должников удовлетворяющих запросу: 0");
     });
     EXPECT_EQ(program.shared.CatalogueQueryFilter, "");
 }
@@ -154,6 +165,23 @@ TEST_F(LoanList, AReturnAsksAndLeavesTheLoanInTheLedger)
     EXPECT_EQ(rows("SELECT Должник FROM Аудио"), "0\n");
 }
 
+TEST_F(LoanList, ALoanFromElsewhereCanBeFoundAndClosed)
+{
+    const QString odd = "Гость #2 \"*\" [я]";
+    shelf.audio(7, "Кино").lent(odd, "2003-10-01");
+    program.mainDatabase().Execute(u"UPDATE Должники SET Категория = \"LP\""_s);
+    look([&]() -> Script {
+        co_await select("txtDueName", odd);
+        EXPECT_EQ(names(), odd);
+        EXPECT_FALSE(enabled("imgButton_3"));
+        expectBox(u"Удалить из списка должника '%1'?"_s.arg(odd), 36);
+        co_await focusOn("DBGrid");
+        co_await key(Qt::Key_Delete);
+        EXPECT_EQ(focus(), "imgButton_1");
+    });
+    EXPECT_EQ(rows("SELECT Долг, ДатаВозвратаРеальная FROM Должники"), "0 | 2003-11-14\n");
+}
+
 TEST_F(LoanList, AChangedTermShowsAtOnceAndOneGivenUpChangesNothing)
 {
     threeLoans();
@@ -170,17 +198,30 @@ TEST_F(LoanList, AChangedTermShowsAtOnceAndOneGivenUpChangesNothing)
         co_await click("imgButton_0");
         EXPECT_EQ(current("DBGrid"), "Петрова | 7. Debian | 09.09.2003 | сегодня | ");
         EXPECT_EQ(shown("lblDue"), "Забрать");
+        for (const char* day : {"15.11.2003", ""}) {
+            expectForm("frmAddInDue");
+            co_await key(Qt::Key_F2);
+            if (*day)
+                co_await type("dtpBackDate", day);
+            else
+                co_await check("chDueNonStop");
+            co_await click("imgButton_0");
+            EXPECT_EQ(current("DBGrid").section('|', 3).trimmed(), u"%1 |"_s.arg(*day ? day : "без срока"));
+            EXPECT_FALSE(visible("lblDue"));
+        }
 
         co_await key(Qt::Key_Up);
         expectForm("frmAddInDue");
         co_await key(Qt::Key_F2);
+        EXPECT_EQ(shown("lblDescription") + ": " + shown("txtName"),
+                  "Группа/Исполнитель - Альбом: Кино - Группа крови");
         EXPECT_EQ(shown("lblDoNewBackDate"), "Ранее установленная дата возврата:\n12 ноября 2003 г.");
         co_await picture("frmAddInDue-change");
         co_await key(Qt::Key_Escape);
         EXPECT_FALSE(program.shared.DueDateChange);
         EXPECT_EQ(shown("txtDaysDue"), "2 дня");
     });
-    EXPECT_EQ(rows("SELECT ДатаВозврата FROM Должники ORDER BY КодДолжника"), "2003-11-12\n2003-11-14\n2003-12-01\n");
+    EXPECT_EQ(rows("SELECT ДатаВозврата FROM Должники ORDER BY КодДолжника"), "2003-11-12\nNull\n2003-12-01\n");
     EXPECT_FALSE(program.shared.DialogDone);
 }
 
@@ -238,6 +279,9 @@ TEST_F(LoanList, ANumberLeadsToItsLoanAndAsksForTheCategoryWhereItIsShared)
         co_await key(Qt::Key_Escape);
         EXPECT_EQ(shown("txtDueName"), "Петрова");
         co_await select("cmbCategory", "Аудио диск");
+        expectBox("Диска № 30 нет в списке должников!", 48);
+        co_await enter("30");
+        EXPECT_EQ(names() + shown("txtNumber"), "Иванов30") << "what is not found leaves the filter";
         co_await enter("2");
         EXPECT_EQ(shown("txtDueName"), "Абрамов") << "a filter does not hide it";
         EXPECT_EQ(title(), "Список должников");

@@ -2,16 +2,24 @@
 
 TEST_F(MainWindow, OpensTheScreensOfLending)
 {
-    const std::pair<const char*, const char*> commands[] = {
-        {"ID_Due_DiskHistory", "frmDiskHistory"},    {"ID_Due_Stat", "frmDueStat"},
-        {"ID_Due_EditNames", "frmEditDue"},          {"ID_Due_Admin", "frmAddInDueFromMain"},
-        {"ID_QuickADNewDue", "frmAddInDueFromMain"}, {"ID_QuickPCNewDue", "frmAddInDueFromMain"}};
+    const std::pair<const char*, const char*> commands[] = {{"ID_Due_DiskHistory", "frmDiskHistory"},
+                                                            {"ID_Due_Stat", "frmDueStat"},
+                                                            {"ID_Due_EditNames", "frmEditDue"},
+                                                            {"ID_Due_Admin", "frmAddInDueFromMain"}};
+    const std::pair<const char*, const char*> quick[] = {{"ID_QuickADNewDue", "optCategory_0"},
+                                                         {"ID_QuickPCNewDue", "optCategory_1"}};
     shelf.dvd(2, "Солярис").lent("Иванов", "2003-10-01", {}, "2003-10-02");
     walk([&]() -> Script {
         EXPECT_TRUE(visible("fraFindDueDVD"));
         for (const auto& [command, form] : commands) {
             expectForm(form);
             co_await trigger(command);
+            co_await key(Qt::Key_Escape);
+        }
+        for (const auto& [command, category] : quick) {
+            expectForm("frmAddInDueFromMain");
+            co_await trigger(command);
+            EXPECT_TRUE(checked(category)) << command;
             co_await key(Qt::Key_Escape);
         }
         expectForm("frmAddInDueFromMain");

@@ -107,3 +107,23 @@ TEST_F(Completion, CutAndUndoTakeAwayWithoutCompleting)
     type(u"m"_s);
     EXPECT_EQ(shown(), u"M[etallica]"_s) << "typing over a longer text completes";
 }
+
+TEST_F(Completion, OfAListTakesWhatWasChosenAsItIsAndALetterWithTheTail)
+{
+    completion.setTypedOnly();
+    box.setText(u"Ки"_s);
+    EXPECT_EQ(shown(), u"Ки"_s) << "chosen";
+    type(u"н"_s);
+    EXPECT_EQ(shown(), u"Кин[о]"_s);
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(shown(), u"Ки"_s);
+    type(u"н"_s);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(shown(), u"Кин"_s);
+    type(u"ч"_s);
+    box.cut();
+    EXPECT_EQ(shown(), u"Кинч"_s);
+    box.setSelection(2, 2);
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(shown(), u"Ки"_s) << "what the user selected is no tail";
+}
