@@ -2,10 +2,13 @@
 
 #include "Bench.h"
 #include "lending/Borrowers.h"
-#include "lending/DiscHistory.h"
 #include "lending/Rating.h"
 #include "lending/frmAddInDue.h"
+#include "lending/frmDiskHistory.h"
 #include "lending/frmDue.h"
+#include "lending/frmDueStat.h"
+#include "lending/frmEditDue.h"
+#include "mainwindow/frmMain.h"
 
 namespace {
 
@@ -75,6 +78,71 @@ void lend(Program& program)
     letters.print(u"  a letter in the name, completed and rated"_s, 50);
 }
 
+void statistics(Program& program, qint64 borrower)
+{
+    Figure opens, moves, sorts;
+    const auto work = [&](QWidget& window) {
+        auto& form = static_cast<frmDueStat&>(window);
+        sorts.take([&] {
+            form.optSorted[1]->click();
+            QCoreApplication::processEvents();
+        });
+        form.optSorted[0]->click();
+        for (int i = 0; i < 50; ++i) moves.take([&] { Press(*form.dbGrid, Qt::Key_Down); });
+    };
+    const auto open = [&] {
+        frmDueStat form(program);
+        form.Load();
+        form.GoTo(borrower);
+        form.ShowModal();
+    };
+    for (int i = 0; i < Repeats; ++i) opens.add(TimeToPaint(open, u"lvRating", work));
+    opens.print(u"frmDueStat on a borrower with 500 loans to its first paint"_s, 50);
+    sorts.print(u"  those of one catalogue, painted"_s, 50);
+    moves.print(u"  a borrower further, rated and painted"_s, 50);
+}
+
+void names(Program& program)
+{
+    Figure opens, moves;
+    const auto work = [&](QWidget& window) {
+        for (int i = 0; i < 50; ++i) moves.take([&] { Press(*static_cast<frmEditDue&>(window).dbGrid, Qt::Key_Down); });
+    };
+    for (int i = 0; i < Repeats; ++i) opens.add(TimeToPaint([&] { frmEditDue(program).ShowModal(); }, u"DBGrid", work));
+    opens.print(u"frmEditDue on 2,000 names to its first paint"_s, 150);
+    moves.print(u"  a row further, painted"_s, 10);
+}
+
+void history(Program& program)
+{
+    Figure opens, shows;
+    const auto work = [&](QWidget& window) {
+        auto& form = static_cast<frmDiskHistory&>(window);
+        for (int number = 1; number <= 20; ++number) {
+            form.txtNumber->setText(QString::number(number));
+            shows.take([&] { Press(*form.txtNumber, Qt::Key_Return); });
+        }
+    };
+    for (int i = 0; i < Repeats; ++i)
+        opens.add(TimeToPaint([&] { frmDiskHistory(program).ShowModal(); }, u"txtNumber", work));
+    opens.print(u"frmDiskHistory to its first paint"_s, 150);
+    shows.print(u"  the history of a disc among 20,000 loans, painted"_s, 50);
+}
+
+void dashboard(Program& program)
+{
+    frmMain window(program);
+    window.Load();
+    window.show();
+    QCoreApplication::processEvents();
+    const auto refresh = [&] {
+        window.LoadData();
+        window.repaint();
+        QCoreApplication::processEvents();
+    };
+    Measure(u"the dashboard's refresh over 98,301 discs and 20,000 loans, painted"_s, 50, 4 * Repeats, refresh);
+}
+
 }
 
 int main(int argc, char** argv)
@@ -87,7 +155,10 @@ int main(int argc, char** argv)
 
     list(bench.program);
     lend(bench.program);
+    statistics(bench.program, borrower);
+    names(bench.program);
+    history(bench.program);
     Measure(u"the record of a borrower with 500 loans"_s, 50, Repeats,
             [&] { StandingOf(RecordOf(main, borrower, today)); });
-    Measure(u"the history of a disc"_s, 50, Repeats, [&] { HistoryOf(main, Audio(), 4); });
+    dashboard(bench.program);
 }
