@@ -23,6 +23,10 @@ std::uint32_t big32(const std::uint8_t* p) { return big16(p) << 16 | big16(p + 2
 /// [1.6] A number of 1 to 9 bytes, seven bits each, the ninth in full. False at the end of the bytes.
 bool varint(Bytes bytes, std::size_t& at, std::uint64_t& number)
 {
+    if (at < bytes.size() && bytes[at] < 0x80) { // nearly all of them
+        number = bytes[at++];
+        return true;
+    }
     number = 0;
     for (int i = 0; i < 9; ++i) {
         if (at >= bytes.size()) return false;

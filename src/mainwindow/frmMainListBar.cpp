@@ -61,6 +61,7 @@ void frmMain::AddListbars()
         SSListBar->addGroup(group.key, group.caption);
         for (const ListBarItem& item : group.items) SSListBar->addItem(group.key, item.key, item.text, icon(item.icon));
     }
+    SSListBar->setHint(shortcutGroup, u"Ярлык запроса добавляют здесь правой кнопкой мыши или клавишей меню."_s);
     SSListBar->setFoldedGroups(SSListBar->foldedGroups() + std::exchange(m_foldedAway, {}));
 }
 
@@ -83,9 +84,7 @@ void frmMain::listBarClicked(const QString& group, const QString& text)
 
 void frmMain::loadShortcuts()
 {
-    SSListBar->clearGroup(shortcutGroup);
-    for (const QString& name : QueryNames(program.queries()))
-        SSListBar->addItem(shortcutGroup, u"query1"_s, name, icon(u"query"_s));
+    SSListBar->setItems(shortcutGroup, u"query1"_s, QueryNames(program.queries()), icon(u"query"_s));
 }
 
 static void tellNoShortcut(Program& program, const QString& name)
@@ -144,6 +143,5 @@ void frmMain::deleteShortcut()
             return;
         }
         loadShortcuts();
-        SSListBar->focusFirstItem();
     });
 }

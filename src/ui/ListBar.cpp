@@ -5,6 +5,7 @@
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
@@ -17,6 +18,7 @@ struct ListBar::Group {
     ListBarCaption* caption;
     QWidget* body;
     QList<ListBarItem*> items;
+    QLabel* hint = nullptr;
 
     bool folded() const { return !caption->isChecked(); }
 };
@@ -71,7 +73,7 @@ void ListBar::addGroup(const QString& key, const QString& caption)
 {
     if (hasGroup(key)) return;
     QWidget* before = lastRow();
-    m_groups.push_back(std::make_unique<Group>(Group{key, new ListBarCaption(caption), new QWidget, {}}));
+    m_groups.push_back(std::make_unique<Group>(Group{key, new ListBarCaption(caption), new QWidget, {}, nullptr}));
     Group& group = *m_groups.back();
     closeColumn(group.body)->setContentsMargins(0, 0, 0, fontMetrics().height() / 2);
     m_column->insertWidget(m_column->count() - 1, group.caption);
@@ -114,6 +116,7 @@ void ListBar::addItem(const QString& groupKey, const QString& key, const QString
     auto* item = new ListBarItem(key, text, icon);
     QWidget* before = group->items.isEmpty() ? static_cast<QWidget*>(group->caption) : group->items.last();
     group->items.append(item);
+    if (group->hint) group->hint->hide();
     group->body->layout()->addWidget(item);
     setTabOrder(before, item);
     item->installEventFilter(this);
@@ -122,12 +125,37 @@ void ListBar::addItem(const QString& groupKey, const QString& key, const QString
     updateGeometry();
 }
 
-void ListBar::clearGroup(const QString& key)
+void ListBar::clearGroup(Group& group)
+{
+    for (ListBarItem* item : std::exchange(group.items, {})) discard(item);
+    if (group.hint) group.hint->show();
+    updateGeometry();
+}
+
+void ListBar::setItems(const QString& groupKey, const QString& key, const QStringList& texts, const QIcon& icon)
+{
+    Group* group = find(groupKey);
+    if (!group) return;
+    const auto held = std::ranges::find(group->items, window()->focusWidget());
+    const auto place = held - group->items.begin();
+    const bool keyboard = held != group->items.end(), byKeyboard = keyboard && (*held)->byKeyboard();
+    clearGroup(*group);
+    for (const QString& text : texts) addItem(groupKey, key, text, icon);
+    if (!keyboard) return;
+    QWidget* now = group->caption;
+    if (!group->items.isEmpty()) now = group->items[qMin(place, group->items.size() - 1)];
+    now->show(); // a layout shows what is new only later, and what is hidden gets no focus
+    now->setFocus(byKeyboard ? Qt::OtherFocusReason : Qt::MouseFocusReason);
+}
+
+void ListBar::setHint(const QString& key, const QString& text)
 {
     Group* group = find(key);
     if (!group) return;
-    for (ListBarItem* item : std::exchange(group->items, {})) discard(item);
-    updateGeometry();
+    delete group->hint;
+    group->hint = ListBarHint(text);
+    group->hint->setVisible(group->items.isEmpty());
+    static_cast<QVBoxLayout*>(group->body->layout())->insertWidget(0, group->hint);
 }
 
 QStringList ListBar::items(const QString& key) const

@@ -24,7 +24,10 @@ public:
     bool hasGroup(const QString& key) const;
     int groupCount() const;
     void addItem(const QString& group, const QString& key, const QString& text, const QIcon& icon);
-    void clearGroup(const QString& group);
+    /// Items of one kind in place of those that the group has. The keyboard stays where it is among them.
+    void setItems(const QString& group, const QString& key, const QStringList& texts, const QIcon& icon);
+    /// Stands in the group as long as it has no items.
+    void setHint(const QString& group, const QString& text);
     QStringList items(const QString& group) const;
     /// Gives the keyboard to the first item that can be chosen.
     void focusFirstItem() { walk(nullptr, 1); }
@@ -56,6 +59,7 @@ private:
     void fold(Group& group, bool folded);
     void giveTabStop(Group& group, QWidget* item);
     void mendTabStop(Group& group);
+    void clearGroup(Group& group);
     QWidget* lastRow();
 
     std::vector<std::unique_ptr<Group>> m_groups;

@@ -1,6 +1,7 @@
 #include "ui/ListBarRows.h"
 
 #include "platform/Literals.h"
+#include "ui/Lettering.h"
 #include "ui/Strokes.h"
 #include "ui/Theme.h"
 
@@ -116,4 +117,15 @@ void ListBarItem::paintEvent(QPaintEvent*)
     const QRect words = rect().adjusted(at.text, 0, -at.edge, 0);
     painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeft,
                      painter.fontMetrics().elidedText(m_caption, Qt::ElideRight, words.width()));
+}
+
+QLabel* ListBarHint(const QString& text)
+{
+    auto* hint = new QLabel(text);
+    const Places at(hint);
+    lettered(hint, Lettering::Caption);
+    hint->setWordWrap(true);
+    hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    hint->setContentsMargins(at.iconAt, 0, at.edge, 0);
+    return hint;
 }

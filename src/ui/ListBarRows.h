@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QLabel>
 
 /// The caption of a group of the list bar, with the sign that says whether the group is folded. `checked` is unfolded.
 class ListBarCaption : public QAbstractButton {
@@ -21,6 +22,7 @@ public:
     const QString& key() const { return m_key; }
     const QString& caption() const { return m_caption; }
     QSize sizeHint() const override;
+    bool byKeyboard() const { return m_byKeyboard; }
     bool marked() const { return hasFocus() && m_byKeyboard; }
 
 protected:
@@ -31,3 +33,6 @@ private:
     QString m_key, m_caption;
     bool m_byKeyboard = false; ///< came the focus here
 };
+
+/// A few small words under the caption of a group that has no items. As wide as the items make the bar.
+QLabel* ListBarHint(const QString& text);

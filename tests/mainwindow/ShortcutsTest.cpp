@@ -92,6 +92,7 @@ TEST_F(Shortcuts, TheMenuOfTheGroupChangesAndDeletesByMouseAndByKeyboard)
         co_await type("txtQuery_1", "5");
         co_await click("imgButton_0");
         EXPECT_EQ(items(), QStringList({u"Новинки"_s, u"Хор"_s, u"Все"_s}));
+        EXPECT_EQ(focus(), "Хор");
 
         expectPopup("ID_ToolbarEdit", "ID_ToolbarEditDel");
         expectBox("Вы дейсвительно хотите удалить ярлык 'Новинки'?", 36, Answer::No);
@@ -102,6 +103,7 @@ TEST_F(Shortcuts, TheMenuOfTheGroupChangesAndDeletesByMouseAndByKeyboard)
         co_await focusOn("Новинки");
         co_await key(Qt::Key_F10, Qt::ShiftModifier);
         EXPECT_EQ(items(), QStringList({u"Хор"_s, u"Все"_s}));
+        EXPECT_EQ(focus(), "Хор");
         EXPECT_EQ(file(), u"1 Хор 1, 2 Все 2, 3  "_s);
         co_await picture("shortcuts");
 

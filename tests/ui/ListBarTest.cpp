@@ -97,9 +97,15 @@ TEST_F(ListBars, TabStopsAtAnItemThatCanBeChosen)
     row(u"B3"_s)->setFocus();
     bar.setItemEnabled(u"b"_s, u"B2"_s, false);
     EXPECT_EQ(stops(), u"A2 B3 "_s) << "stays where the keyboard was";
-    bar.clearGroup(u"b"_s);
-    bar.addItem(u"b"_s, u"q"_s, u"Q"_s, {});
-    EXPECT_EQ(stops(), u"A2 Q "_s);
+    bar.setItems(u"b"_s, u"q"_s, {u"Q"_s, u"R"_s}, {});
+    EXPECT_EQ(stops() + focused(), u"A2 R R"_s);
+    bar.setItems(u"b"_s, u"q"_s, {u"S"_s, u"T"_s}, {});
+    EXPECT_EQ(stops() + focused(), u"A2 T T"_s) << "of items that are made anew, too";
+    bar.setHint(u"b"_s, u"Пусто"_s);
+    const QLabel* hint = bar.findChild<QLabel*>();
+    EXPECT_TRUE(hint->isHidden());
+    bar.setItems(u"b"_s, u"q"_s, {}, {});
+    EXPECT_TRUE(focused() == u"Группа b"_s && !hint->isHidden());
 }
 
 TEST_F(ListBars, FoldedGroupIsPassedOverAndRemembered)
@@ -120,10 +126,8 @@ TEST_F(ListBars, FoldedGroupIsPassedOverAndRemembered)
 
 TEST_F(ListBars, ClearingAGroupFromItsOwnClickIsSafe)
 {
-    QObject::connect(&bar, &ListBar::itemClicked, &bar, [this] {
-        bar.clearGroup(u"b"_s);
-        bar.addItem(u"b"_s, u"q1"_s, u"Rock & Roll"_s, icon(u"query"_s));
-    });
+    QObject::connect(&bar, &ListBar::itemClicked, &bar,
+                     [this] { bar.setItems(u"b"_s, u"q1"_s, {u"Rock & Roll"_s}, icon(u"query"_s)); });
     QTest::mouseClick(row(u"B1"_s), Qt::LeftButton);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(bar.items(u"b"_s), QStringList{u"Rock & Roll"_s});
