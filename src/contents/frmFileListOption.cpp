@@ -72,10 +72,9 @@ void frmFileListOption::cmdStartScan()
         }
         if (inDrive.kind != Computer().kindWord) return; // of a DVD nothing is said
         if (!takeIdentifier(inDrive)) return;
-        // The list is named after this medium, so no other one may be walked.
         Drive* drive = program.drives.find(root);
-        const std::shared_ptr<Disc> medium = drive ? drive->disc() : nullptr;
-        if (!medium || SerialToID(medium->volume().serial) != inDrive.id) {
+        const std::shared_ptr<Disc> medium = mediumOf(inDrive.id);
+        if (!drive || !medium) {
             MsgBox(Refusal::NoDisc);
             return;
         }

@@ -84,6 +84,10 @@ void frmTrackListOption::cmdOK()
             return;
         }
         if (!takeIdentifier(inDrive)) return;
+        if (!mediumOf(inDrive.id)) {
+            MsgBox(Refusal::NoAudioDisc);
+            return;
+        }
         const DiscToList toList = readDisc();
         if (!CreateTrackTable()) return Unload();
 

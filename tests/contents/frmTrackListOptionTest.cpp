@@ -114,10 +114,19 @@ TEST_F(TrackListOption, TicksExcludeEachOtherAndFollowTheDisc)
 
 TEST_F(TrackListOption, RefusalsComeInTheirOrder)
 {
+    struct ExchangedDisc : FakeDisc { // since the drive was asked for it
+        VolumeProperties volume() override { return FakeDisc::data({}, 5)->properties; }
+    };
+    const auto exchanged = std::make_shared<ExchangedDisc>();
+    exchanged->properties = disc->properties;
+    const QString insert = "Вставьте Аудио диск в устройство для чтения компакт-дисков и повторите операцию.";
     choose([&]() -> Script {
-        drives.v.medium = FakeDisc::data("BACKUP", 5);
-        expectBox("Вставьте Аудио диск в устройство для чтения компакт-дисков и повторите операцию.", 48);
-        co_await click("imgButton_0");
+        for (const std::shared_ptr<FakeDisc>& other :
+             {FakeDisc::data("BACKUP", 5), std::shared_ptr<FakeDisc>(exchanged)}) {
+            drives.v.medium = other;
+            expectBox(insert, 48);
+            co_await click("imgButton_0");
+        }
         drives.v.medium = disc;
         disc->properties.serial = 0;
         expectBox("В устройстве для чтения компакт дисков вставлен диск без идентификационного номера (возможно, что "
