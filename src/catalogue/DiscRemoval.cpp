@@ -4,11 +4,12 @@
 #include "store/DiscTables.h"
 #include "store/Updates.h"
 
-void RemoveDisc(const Program& program, const CatalogueKind& kind, qint64 key)
+bool RemoveDisc(const Program& program, const CatalogueKind& kind, qint64 key)
 {
     const Database main = program.mainDatabase();
     Recordset row = main.OpenRecordset(kind.rowByKey(), {key});
-    if (row.RecordCount() == 0) return;
+    if (row.RecordCount() == 0) return true;
+    if (row[u"Должник"].toBool()) return false;
     const int number = row[u"Номер"].toInt();
     if (kind.list) {
         const Database lists = ListDatabase(program, kind);
@@ -19,4 +20,5 @@ void RemoveDisc(const Program& program, const CatalogueKind& kind, qint64 key)
     // A file comes back with no group of writes: it goes when the row has gone for good.
     program.engine.Commit();
     DeleteCover(program, kind.coverPrefix, number);
+    return true;
 }
