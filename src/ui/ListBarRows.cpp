@@ -22,6 +22,9 @@ struct Places {
     int row = 2 * line;
 };
 
+// A name that the user has given does not make the bar wider than the window's own do.
+constexpr int LongestShown = 26; // letters
+
 QFont captionFont(const QWidget* row) { return Theme::heading(Theme::caption(row->font())); }
 
 // An ampersand in a name is an ampersand, not a mnemonic.
@@ -73,13 +76,23 @@ ListBarItem::ListBarItem(const QString& key, const QString& caption, const QIcon
     setIcon(icon);
     setFocusPolicy(Qt::ClickFocus);
     setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
+
+int ListBarItem::wordsWidth() const { return QFontMetrics(Theme::heading(font())).horizontalAdvance(m_caption); }
 
 QSize ListBarItem::sizeHint() const
 {
     const Places at(this);
-    const int words = QFontMetrics(Theme::heading(font())).horizontalAdvance(m_caption);
+    const int words = qMin(wordsWidth(), LongestShown * fontMetrics().averageCharWidth());
     return QSize(at.text + words + 2 * at.edge, at.row);
+}
+
+void ListBarItem::resizeEvent(QResizeEvent* event)
+{
+    QAbstractButton::resizeEvent(event);
+    const Places at(this);
+    setToolTip(at.text + wordsWidth() + at.edge > width() ? m_caption.toHtmlEscaped() : QString());
 }
 
 void ListBarItem::focusInEvent(QFocusEvent* event)

@@ -13,7 +13,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// One item of the list bar: lit under the mouse, marked at its edge while the keyboard is used on it. A click leaves no
+/// One item of the list bar, shortened with a tooltip where the bar is too narrow for it: lit under the mouse, marked at its edge while the keyboard is used on it. A click leaves no
 /// mark, which would say that what it opened is still open.
 class ListBarItem : public QAbstractButton {
 public:
@@ -28,8 +28,12 @@ public:
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    /// Of the whole caption, as it is drawn when it is marked.
+    int wordsWidth() const;
+
     QString m_key, m_caption;
     bool m_byKeyboard = false; ///< came the focus here
 };

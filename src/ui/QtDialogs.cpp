@@ -12,6 +12,7 @@
 #include <QIdentityProxyModel>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTreeView>
 
@@ -184,7 +185,8 @@ QString QtDialogs::InputBox(const QString& prompt, const QString& title, const Q
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
     }
-    box.setMinimumWidth(60 * box.fontMetrics().averageCharWidth());
+    // The dialog's layout has a minimum of its own and sets it; of its parts it asks.
+    box.findChild<QLineEdit*>()->setMinimumWidth(60 * box.fontMetrics().averageCharWidth());
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 

@@ -164,3 +164,18 @@ TEST_F(ListBars, IsAsWideAsItsTextsAndScrollsWhenShort)
     const QRect seen(bar.viewport()->mapToGlobal(QPoint()), bar.viewport()->size());
     EXPECT_TRUE(seen.contains(QApplication::focusWidget()->mapToGlobal(QApplication::focusWidget()->rect().center())));
 }
+
+TEST_F(ListBars, ALongNameIsShortenedInABarThatStaysInPlace)
+{
+    const int width = bar.sizeHint().width();
+    const QString name = u"Длинное название <ярлыка>, "_s.repeated(4);
+    bar.addItem(u"b"_s, u"b4"_s, name, icon(u"disc"_s));
+    bar.resize(width, 400);
+    qApp->processEvents();
+    row(name)->setFocus();
+    EXPECT_EQ(bar.horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(row(name)->width(), bar.viewport()->width());
+    EXPECT_EQ(row(name)->toolTip(), name.toHtmlEscaped());
+    EXPECT_EQ(row(u"B1"_s)->toolTip(), QString());
+    EXPECT_LT(bar.sizeHint().width(), 40 * bar.fontMetrics().averageCharWidth());
+}

@@ -144,6 +144,7 @@ TEST_F(BoxesInEarnest, InputBoxGivesTheTextOrNothing)
             EXPECT_EQ(box.findChild<QLabel*>()->text(), "Имя\n<i>:");
             EXPECT_EQ(box.findChild<QLabel*>()->textFormat(), Qt::PlainText);
             EXPECT_EQ(box.textValue(), "Рок");
+            EXPECT_GE(box.findChild<QLineEdit*>()->width(), 50 * box.fontMetrics().averageCharWidth());
             QTest::keyClick(&box, Qt::Key(key));
         });
         return dialogs.InputBox(u"Имя\r<i>:"_s, u"Стиль"_s, u"Рок"_s);
