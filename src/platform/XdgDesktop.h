@@ -2,7 +2,8 @@
 
 #include "platform/Desktop.h"
 
-/// Asks the desktop by way of xdg-open. True means that it was started, not that the user saw anything.
+/// Asks the desktop by way of xdg-open and waits up to a second for a refusal. True means that there was none, not that the
+/// user saw anything.
 class XdgDesktop final : public Desktop {
 public:
     bool openFile(const QString& path) override;

@@ -151,5 +151,9 @@ TEST_F(Files, FoldersAndLinksAreOpenedByTheDesktopsProgram)
     EXPECT_EQ(asked(desktop.openLink("http://example.org/ü?q=1")), "http://example.org/%C3%BC?q=1");
     EXPECT_EQ(asked(desktop.openFile(at("gone.txt"))), "refused");
     EXPECT_EQ(asked(desktop.openLink("file:///etc/passwd")), "refused");
+
+    write(at("xdg-open"), "#!/bin/sh\nexit 3\n"); // no program for what is to be opened
+    EXPECT_FALSE(desktop.openFile(at("a b.txt")));
+    EXPECT_TRUE(desktop.complaint().contains(at("a b.txt"))) << qPrintable(desktop.complaint());
     qputenv("PATH", path);
 }
