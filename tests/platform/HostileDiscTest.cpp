@@ -1,7 +1,7 @@
 #include "harness/FileSystemImages.h"
 #include "harness/UdfImage.h"
-#include "platform/disc/FolderTree.h"
 #include "platform/disc/RockRidge.h"
+#include "platform/disc/TreeFileSystem.h"
 
 #include <QtEndian>
 #include <ctime>
@@ -50,10 +50,11 @@ TEST_F(HostileDisc, TableShorterThanItsTrailerIsNone)
 }
 
 /// Folders told by their places alone; each holds a file that is as large as its place.
-class Places : public FolderTree {
+class Places : public TreeFileSystem {
 public:
     using Names = QList<std::pair<QString, quint64>>;
-    explicit Places(std::function<Names(quint64)> namesOf) : FolderTree(0, 1 << 20), m_namesOf(std::move(namesOf)) {}
+    explicit Places(std::function<Names(quint64)> namesOf) : TreeFileSystem(0, 1 << 20), m_namesOf(std::move(namesOf))
+    {}
     VolumeProperties volume() override { return {}; }
 
 protected:

@@ -68,7 +68,7 @@ std::unique_ptr<Iso9660> Iso9660::open(const std::shared_ptr<SectorCache>& mediu
 }
 
 Iso9660::Iso9660(const std::shared_ptr<SectorCache>& medium, const Descriptor& descriptor)
-    : FolderTree(FolderPlace(descriptor.rootBlock, descriptor.rootSize), medium->size()), m_medium(medium),
+    : TreeFileSystem(FolderPlace(descriptor.rootBlock, descriptor.rootSize), medium->size()), m_medium(medium),
       m_descriptor(descriptor)
 {
     if (m_descriptor.joliet) return;
@@ -97,7 +97,7 @@ qint64 Iso9660::claimedSize() const { return Fields(m_descriptor.bytes).both32(8
 
 qint64 Iso9660::folderSize(quint64 place) { return static_cast<quint32>(place); }
 
-std::vector<FolderTree::Node> Iso9660::folder(quint64 place)
+std::vector<TreeFileSystem::Node> Iso9660::folder(quint64 place)
 {
     const qint64 start = qint64(place >> 32) * m_descriptor.blockSize;
     const QByteArray records = m_medium->read(start, folderSize(place));

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/disc/FolderTree.h"
 #include "platform/disc/RockRidge.h"
 #include "platform/disc/SectorCache.h"
+#include "platform/disc/TreeFileSystem.h"
 
 /// ECMA-119 with the names of Joliet, else of Rock Ridge, else its own without version and final dot. The last session's
 /// descriptors decide; all block numbers are absolute.
-class Iso9660 : public FolderTree {
+class Iso9660 : public TreeFileSystem {
 public:
     /// Null when the medium has no volume descriptors. Throws DiscError when they make no sense.
     static std::unique_ptr<Iso9660> open(const std::shared_ptr<SectorCache>& medium);

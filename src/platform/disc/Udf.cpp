@@ -39,7 +39,8 @@ std::unique_ptr<Udf> Udf::open(const std::shared_ptr<SectorCache>& medium)
 }
 
 Udf::Udf(std::unique_ptr<UdfSpace> space, const UdfVolume& volume, UdfAddress root, quint32 serial)
-    : FolderTree(PlaceOf(root), space->medium().size()), m_space(std::move(space)), m_claimedSize(ClaimedSize(volume))
+    : TreeFileSystem(PlaceOf(root), space->medium().size()), m_space(std::move(space)),
+      m_claimedSize(ClaimedSize(volume))
 {
     constexpr quint32 caseSensitive = 0x1, casePreserved = 0x2, unicode = 0x4, readOnly = 0x80000;
     m_properties.success = true;
@@ -52,7 +53,7 @@ Udf::Udf(std::unique_ptr<UdfSpace> space, const UdfVolume& volume, UdfAddress ro
 
 qint64 Udf::folderSize(quint64 place) { return UdfFile::open(*m_space, AddressOf(place)).size(); }
 
-std::vector<FolderTree::Node> Udf::folder(quint64 place)
+std::vector<TreeFileSystem::Node> Udf::folder(quint64 place)
 {
     enum Characteristic { hidden = 0x01, directory = 0x02, deleted = 0x04, parent = 0x08, stream = 0x10 };
     constexpr int fixedSize = 38; // of a file identifier descriptor (ECMA-167 4/14.4)

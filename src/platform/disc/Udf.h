@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/disc/FolderTree.h"
+#include "platform/disc/TreeFileSystem.h"
 #include "platform/disc/UdfFile.h"
 #include "platform/disc/UdfVolume.h"
 
 #include <optional>
 
 /// ECMA-167 volumes as OSTA UDF 1.02 to 2.60 write them: pressed, packet-written, on write-once media and hard disks.
-class Udf : public FolderTree {
+class Udf : public TreeFileSystem {
 public:
     /// Null when the medium is not marked as one. Throws DiscError when the volume cannot be found or understood.
     static std::unique_ptr<Udf> open(const std::shared_ptr<SectorCache>& medium);

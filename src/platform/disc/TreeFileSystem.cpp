@@ -1,4 +1,4 @@
-#include "platform/disc/FolderTree.h"
+#include "platform/disc/TreeFileSystem.h"
 
 #include "platform/Literals.h"
 
@@ -21,11 +21,11 @@ static bool CaselessBefore(const QString& a, const QString& b)
     return QString::compare(a, b, Qt::CaseInsensitive) < 0;
 }
 
-FolderTree::FolderTree(quint64 root, qint64 mediumSize)
+TreeFileSystem::TreeFileSystem(quint64 root, qint64 mediumSize)
     : m_unpaid(mediumSize), m_folders{{root}}, m_owners{{root, {0, QString()}}}
 {}
 
-QList<DiscEntry> FolderTree::list(const QString& folder)
+QList<DiscEntry> TreeFileSystem::list(const QString& folder)
 {
     const std::vector<Node>& found = nodes(find(folder));
     QList<DiscEntry> entries;
@@ -34,7 +34,7 @@ QList<DiscEntry> FolderTree::list(const QString& folder)
     return entries;
 }
 
-QByteArray FolderTree::read(const QString& folder, const QString& name, qint64 offset, qint64 length)
+QByteArray TreeFileSystem::read(const QString& folder, const QString& name, qint64 offset, qint64 length)
 {
     const std::vector<Node>& found = nodes(find(folder));
     const Node* file = nullptr;
@@ -46,7 +46,7 @@ QByteArray FolderTree::read(const QString& folder, const QString& name, qint64 o
     return content(file->place, std::max<qint64>(offset, 0), std::max<qint64>(length, 0));
 }
 
-size_t FolderTree::find(const QString& path)
+size_t TreeFileSystem::find(const QString& path)
 {
     size_t number = 0;
     int depth = 0;
@@ -59,14 +59,14 @@ size_t FolderTree::find(const QString& path)
 }
 
 /// Number of the subfolder; 0, the root's own, when there is none.
-size_t FolderTree::child(size_t parent, const QString& name)
+size_t TreeFileSystem::child(size_t parent, const QString& name)
 {
     if (!m_folders[parent].listed) nodes(parent);
     if (const auto exact = m_byName.constFind({parent, name}); exact != m_byName.cend()) return *exact;
     return m_byFoldedName.value({parent, name.toCaseFolded()}, 0);
 }
 
-const std::vector<FolderTree::Node>& FolderTree::nodes(size_t number)
+const std::vector<TreeFileSystem::Node>& TreeFileSystem::nodes(size_t number)
 {
     if (m_lastListed == number && m_folders[number].listed) return m_lastNodes;
 
@@ -86,7 +86,7 @@ const std::vector<FolderTree::Node>& FolderTree::nodes(size_t number)
     return m_lastNodes;
 }
 
-void FolderTree::pay(Folder& folder)
+void TreeFileSystem::pay(Folder& folder)
 {
     if (folder.paid) return;
     const qint64 size = folderSize(folder.place);
@@ -97,7 +97,7 @@ void FolderTree::pay(Folder& folder)
 }
 
 /// The entries without the folders that have been shown elsewhere, or here already.
-std::vector<FolderTree::Node> FolderTree::claimed(size_t parent, std::vector<Node> found)
+std::vector<TreeFileSystem::Node> TreeFileSystem::claimed(size_t parent, std::vector<Node> found)
 {
     std::vector<Node> result;
     result.reserve(found.size());
@@ -113,7 +113,7 @@ std::vector<FolderTree::Node> FolderTree::claimed(size_t parent, std::vector<Nod
 }
 
 /// Whether `node` stands where its folder was met first; it takes the name that the folder was given then.
-bool FolderTree::claim(size_t parent, Node& node)
+bool TreeFileSystem::claim(size_t parent, Node& node)
 {
     if (const auto owner = m_owners.constFind(node.place); owner != m_owners.cend()) {
         node.entry.name = owner->second;
@@ -132,7 +132,7 @@ bool FolderTree::claim(size_t parent, Node& node)
 
 /// Numbers the name of a second folder, as of names that differed in characters that no path can hold. False when that
 /// is not enough: no honest medium has so many of one name.
-bool FolderTree::freeName(Key& key) const
+bool TreeFileSystem::freeName(Key& key) const
 {
     constexpr int mostOfAName = 9;
     const QString name = key.second;

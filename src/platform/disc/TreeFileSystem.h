@@ -9,7 +9,7 @@
 /// medium a tree: both ECMA-119 (6.8.2) and ECMA-167 (4/8.6) record a directory in exactly one other, so a folder is
 /// shown where it was met first, and nowhere else; no two have the same path, so a walk meets each of them once; and all
 /// folders together cannot be larger than the medium.
-class FolderTree : public FileSystem {
+class TreeFileSystem : public FileSystem {
 public:
     QList<DiscEntry> list(const QString& folder) final;
     QByteArray read(const QString& folder, const QString& name, qint64 offset, qint64 length) final;
@@ -21,7 +21,7 @@ protected:
         quint64 place = 0;
     };
 
-    FolderTree(quint64 root, qint64 mediumSize);
+    TreeFileSystem(quint64 root, qint64 mediumSize);
 
     /// Bytes that the records of one folder take.
     virtual qint64 folderSize(quint64 place) = 0;
