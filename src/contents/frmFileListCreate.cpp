@@ -33,7 +33,12 @@ void frmFileListCreate::Work()
         const ScanRules taken = rules();
         FileListWriter list(program.filesDatabase(), program.shared.CurrentDiscID);
         CreateFileList(
-            *disc, taken, [&](const FileRow& row) { list.add(row); }, *this);
+            *disc, taken,
+            [&](const FileRow& row) {
+                list.add(row);
+                ++(row.name == row.folder ? folders : files);
+            },
+            *this);
     });
 }
 
@@ -65,25 +70,36 @@ FileFilter frmFileListCreate::FullArrayFileFiltr()
     return filter;
 }
 
-bool frmFileListCreate::entering(const QString&) { return showAndTurn(); }
+/// The medium is about to be asked for the folder, which may take long.
+bool frmFileListCreate::entering(const QString& folder)
+{
+    comeTo(folder, 0, {walked(), 0});
+    return showAndTurn();
+}
 
 void frmFileListCreate::listing(const QString& folder, qsizetype count, const ScanProgress& at)
 {
-    progress = at;
+    comeTo(folder, int(count), at);
+    stoppedBefore = !working();
+}
+
+void frmFileListCreate::comeTo(const QString& folder, int count, const ScanProgress& at)
+{
     const bool root = folder.size() == 1;
     folderShown = (drive.root().left(2) + (root ? folder : folder.chopped(1))).toUpper();
+    fileShown.clear();
     done = 0;
-    toDo = int(count);
-    stoppedBefore = !working();
-    ++folders;
+    toDo = count;
+    progress = at;
 }
+
+double frmFileListCreate::walked() const { return progress.walked + progress.share * done / qMax(1, toDo); }
 
 /// The files of the folders above are known already, so they still come, unless each would be a way of the drive's head.
 bool frmFileListCreate::file(qsizetype index, const QString& name)
 {
     fileShown = name.toLower();
     done = int(index) + 1;
-    ++files;
     if (sinceShown.hasExpired(TurnMilliseconds)) showAndTurn();
     return working() || (stoppedBefore && !options.infoMP3);
 }
@@ -112,7 +128,7 @@ void frmFileListCreate::showProgress()
     lblFile->setText(fileShown);
     prbFiles->setMaximum(qMax(1, toDo));
     prbFiles->setValue(done);
-    prbDisc->setValue(int(DiscSteps * (progress.walked + progress.share * done / qMax(1, toDo))));
+    prbDisc->setValue(int(DiscSteps * walked()));
     if (!working()) return; // its line says that it is ending
     lblCount->setText(u"Папок: %1, файлов: %2"_s.arg(FormatNumber(folders, 0, true), FormatNumber(files, 0, true)));
 }

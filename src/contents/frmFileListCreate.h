@@ -20,7 +20,7 @@ public:
     ElidedLabel* lblFile = named("lblFile");
     QProgressBar* prbFiles = named("prbFiles"); ///< of the folder at hand
     QProgressBar* prbDisc = named("prbDisc");   ///< of the whole walk, as far as it is known
-    QLabel* lblCount = named("lblCount");       ///< folders and files so far
+    QLabel* lblCount = named("lblCount");       ///< rows of folders and files so far
     ImageButton* cmdStop = named("cmdStop");
 
 protected:
@@ -35,6 +35,8 @@ private:
     void listing(const QString& folder, qsizetype count, const ScanProgress& progress) override;
     bool file(qsizetype index, const QString& name) override;
     void readingError(const RuntimeError& error) override;
+    void comeTo(const QString& folder, int count, const ScanProgress& at);
+    double walked() const; ///< share of the whole walk
     bool showAndTurn();
     void showProgress();
 
@@ -46,6 +48,6 @@ private:
     int done = 0, toDo = 0; ///< files of the folder
     ScanProgress progress;
     bool stoppedBefore = false; ///< this folder was come to
-    int folders = 0, files = 0;
+    int folders = 0, files = 0; ///< in the list
     int errors = 0;
 };

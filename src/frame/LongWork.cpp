@@ -15,9 +15,14 @@ void LongWork::Form_Activate()
 bool LongWork::Form_QueryUnload()
 {
     if (!m_working) return true;
+    stop();
+    return false;
+}
+
+void LongWork::stop()
+{
     m_working = false;
     stopping();
-    return false;
 }
 
 bool LongWork::turn()

@@ -11,11 +11,11 @@ public:
 protected:
     /// Stops where it asks turn(), or working(). Its errors are its own.
     virtual void Work() = 0;
-    /// The user has closed the window; the work is about to hear of it.
+    /// The user has closed the window, or the work has called stop(): it is about to hear of it.
     virtual void stopping() {}
 
     bool working() const { return m_working; }
-    void stop() { m_working = false; }
+    void stop();
     /// Lets events pass, and keeps what has been written when more than a second has gone by. False when the work is to
     /// stop.
     bool turn();
