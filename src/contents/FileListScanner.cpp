@@ -80,7 +80,7 @@ private:
     {
         const bool root = level.folder.size() == 1;
         watcher.listing(level.folder, level.files.size(), {walked, level.share});
-        if (root || rules.folders) store({level.folder, level.folder, u"0"_s, {}});
+        if (root || rules.folders) keep({level.folder, level.folder, u"0"_s, {}});
         if (!(root ? rules.rootFiles : rules.folders) || rules.foldersOnly) return;
         for (qsizetype i = 0; i < level.files.size(); ++i) {
             const DiscEntry& file = level.files[i];
@@ -91,10 +91,10 @@ private:
             if (rules.filter && rules.filter->FindFileInFiltr(file.name)) continue;
             if (file.name.isEmpty() || file.name.size() > FieldLength::FileName)
                 throw DiscError(u"Недопустимое имя файла в папке «%1»."_s.arg(level.folder));
-            store({rules.lowerCase ? file.name.toLower().left(FieldLength::FileName) : file.name, level.folder,
-                   FileSizeText(file.size),
-                   rules.tags && file.name.contains(u".mp3"_s, Qt::CaseInsensitive) ? tagOf(level.folder, file)
-                                                                                    : QString()});
+            keep({rules.lowerCase ? file.name.toLower().left(FieldLength::FileName) : file.name, level.folder,
+                  FileSizeText(file.size),
+                  rules.tags && file.name.contains(u".mp3"_s, Qt::CaseInsensitive) ? tagOf(level.folder, file)
+                                                                                   : QString()});
         }
     }
 
@@ -106,15 +106,24 @@ private:
         return (tag.artist() + u" - "_s + tag.title()).left(FieldLength::Comment);
     }
 
-    /// What goes wrong on the disc costs the rest of one folder.
+    void keep(const FileRow& row)
+    {
+        storing = true;
+        store(row);
+        storing = false;
+    }
+
+    /// What goes wrong on the disc costs the rest of one folder. What `store` throws is not the disc's.
     template<class Work> Outcome guarded(Work work)
     {
         try {
             work();
             return Outcome::Done;
         } catch (const std::bad_alloc&) {
+            if (storing) throw;
             return Outcome::BrokenOff;
         } catch (const RuntimeError& error) {
+            if (storing) throw;
             if (error.number() == OutOfMemory) return Outcome::BrokenOff;
             if (!isReadingError(error.number())) throw;
             watcher.readingError(error);
@@ -130,6 +139,7 @@ private:
     MP3TagEditor tag;
     double walked = 0;
     bool running = true;
+    bool storing = false;
 };
 
 }
