@@ -29,8 +29,10 @@ void ReadScanOptions(const Profile& settings, ScanOptions& options)
             options.*option = settings.number(u"FileListOption", key, Buffer) == 1;
 }
 
-void WriteScanOptions(const Profile& settings, const ScanOptions& options)
+bool WriteScanOptions(const Profile& settings, const ScanOptions& options)
 {
-    if (!kept(settings)) return;
-    for (const auto& [key, option] : Keys) settings.write(u"FileListOption", key, options.*option ? u"1"_s : u"0"_s);
+    if (!kept(settings)) return true;
+    Profile::Entries entries;
+    for (const auto& [key, option] : Keys) entries.append({key.toString(), options.*option ? u"1"_s : u"0"_s});
+    return settings.write(u"FileListOption", entries);
 }

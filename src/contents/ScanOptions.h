@@ -23,6 +23,6 @@ struct ScanOptions {
 };
 
 /// Section FileListOption of the settings, if they are to be kept at all (SaveFileListOption). A missing key leaves its
-/// option as it was; without SaveFileListOption nothing is read or written.
+/// option as it was; without SaveFileListOption nothing is read or written. False when they could not be written.
 void ReadScanOptions(const Profile& settings, ScanOptions& options);
-void WriteScanOptions(const Profile& settings, const ScanOptions& options);
+bool WriteScanOptions(const Profile& settings, const ScanOptions& options);
