@@ -63,13 +63,6 @@ bool ListOptionScreen::takeIdentifier(const DiscInDrive& inDrive)
     return !inDrive.id.isEmpty();
 }
 
-std::shared_ptr<Disc> ListOptionScreen::mediumOf(const QString& id)
-{
-    Drive* drive = program.drives.find(cmbDrive->currentText());
-    std::shared_ptr<Disc> medium = drive ? drive->disc() : nullptr;
-    return medium && SerialToID(medium->volume().serial) == id ? medium : nullptr;
-}
-
 void ListOptionScreen::listMade()
 {
     program.shared.DiscIDSlots.at(std::size_t(disc.disc - 1)) = program.shared.CurrentDiscID;

@@ -28,9 +28,6 @@ protected:
     bool hasDrive();
     /// CurrentDiscID becomes the identifier of what was read; false, with a message, for a disc without one.
     bool takeIdentifier(const DiscInDrive& inDrive);
-    /// The medium in the chosen drive, so that no other one comes into the list that is named after `id`; null when it has
-    /// been taken out or exchanged since.
-    std::shared_ptr<Disc> mediumOf(const QString& id);
     /// The list CurrentDiscID belongs to the row now: what tells the opener.
     void listMade();
 

@@ -25,16 +25,14 @@ static bool worthCopying(Program& program, const DiscFile& file)
 }
 
 /// Native path of a copy of the file; empty when the user gave it up. Throws RuntimeError.
-static QString copyOf(Program& program, Drive& drive, const QString& id, const QString& folder, const QString& name)
+static QString copyOf(Program& program, const FilesDisc& disc, const QString& folder, const QString& name)
 {
     constexpr int PatienceMilliseconds = 300;
 
-    const std::shared_ptr<Disc> disc = drive.disc();
-    if (!disc) throw DiscError(u"Диск вынут из устройства %1."_s.arg(drive.root()));
-    const std::optional<DiscFile> file = FindDiscFile(*disc, folder, name);
+    const std::optional<DiscFile> file = FindDiscFile(*disc.medium, folder, name);
     if (!file) throw FileError(ENOENT, folder + name);
 
-    DiscCopy copy(disc, *file, id);
+    DiscCopy copy(disc.medium, *file, disc.id);
     if (!copy.complete() && !worthCopying(program, *file)) return {};
     QElapsedTimer elapsed;
     elapsed.start();
@@ -47,12 +45,11 @@ static QString copyOf(Program& program, Drive& drive, const QString& id, const Q
     return copy.complete() ? copy.path() : QString();
 }
 
-void OpenDiscFile(Program& program, Drive& drive, const QString& id, const QString& folder, const QString& name)
+void OpenDiscFile(Program& program, const FilesDisc& disc, const QString& folder, const QString& name)
 {
     try {
-        const QString mountPoint = drive.mountPoint();
-        QString path = mountPoint.isEmpty() ? QString() : MountedPath(mountPoint, folder, name);
-        if (path.isEmpty()) path = copyOf(program, drive, id, folder, name);
+        QString path = disc.mountPoint.isEmpty() ? QString() : MountedPath(disc.mountPoint, folder, name);
+        if (path.isEmpty()) path = copyOf(program, disc, folder, name);
         if (path.isEmpty()) return;
         const bool start = ReadFilesAction(program) == FilesAction::StartFile;
         if (!(start ? program.desktop.openFile(path) : program.desktop.openFolderOf(path)))

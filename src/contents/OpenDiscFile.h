@@ -8,6 +8,12 @@ class Form;
 enum class FilesAction { ShowFolder, StartFile };
 FilesAction ReadFilesAction(const Program& program);
 
-/// Hands a file of the disc in `drive` to the desktop: itself where the desktop has mounted the disc, else a private copy.
-/// A large copy shows its progress and can be stopped. `id` is the disc's identifier. What goes wrong is told.
-void OpenDiscFile(Program& program, Drive& drive, const QString& id, const QString& folder, const QString& name);
+/// The disc that a file is on.
+struct FilesDisc {
+    std::shared_ptr<Disc> medium;
+    QString id;
+    QString mountPoint; ///< empty where the desktop has not mounted it
+};
+/// Hands a file of a disc to the desktop: itself where the desktop has mounted the disc, else a private copy. A large copy
+/// shows its progress and can be stopped. What goes wrong is told.
+void OpenDiscFile(Program& program, const FilesDisc& disc, const QString& folder, const QString& name);

@@ -134,12 +134,12 @@ bool frmFileList::BuildTree()
     } catch (const RuntimeError& error) {
         if (!isOfTheList(error.number())) throw;
         LogFaultIfPossible(program, "frmFileList, BuildTree()"_L1, error);
-        const bool tree = error.number() == NoTreeOfPath;
+        const bool noTree = error.number() == NoTreeOfPath;
         sayNoList(u"Список файлов нельзя показать.\n%1\n\n%2"_s.arg(
                       breakable(error.description()),
-                      tree ? u"Повторное сканирование этого не изменит. Файлы списка находит поиск."_s
-                           : u"Вставьте диск и нажмите «Пересоздать»."_s),
-                  tree ? imgButton[0] : imgButton[3]);
+                      noTree ? u"Повторное сканирование этого не изменит. Файлы списка находит поиск."_s
+                             : u"Вставьте диск и нажмите «Пересоздать»."_s),
+                  noTree ? imgButton[0] : imgButton[3]);
         showNoList();
         MsgBox(u"ВНИМАНИЕ!\r\rПроизошла ошибка при создании списка файлов! Необходимо повторно произвести сканирование "
                u"диска."_s);
@@ -234,10 +234,12 @@ void frmFileList::lvFiles_DblClick()
     Guarded("frmFileList, lvFiles_DblClick()"_L1, [&] {
         const Hourglass hourglass;
         const QString root = DefaultDrive(program).left(3);
+        const QString& id = program.shared.CurrentDiscID;
         const DiscInDrive inDrive = ReadDisc(program, root);
         Drive* drive = program.drives.find(root);
-        if (drive && inDrive.kind == Computer().kindWord && inDrive.id == program.shared.CurrentDiscID)
-            OpenDiscFile(program, *drive, inDrive.id, folder(), fileName());
+        const bool sought = drive && inDrive.kind == Computer().kindWord && inDrive.id == id;
+        if (const std::shared_ptr<Disc> medium = sought ? MediumOf(*drive, id) : nullptr)
+            OpenDiscFile(program, {medium, id, drive->mountPoint()}, folder(), fileName());
         else
             MsgBox(u"Вставьте диск № %1 в устройство для чтения компакт-дисков и повторите операцию."_s.arg(
                 request.number));

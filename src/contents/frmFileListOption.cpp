@@ -49,7 +49,10 @@ void frmFileListOption::Form_Load()
 
 void frmFileListOption::Form_Unload()
 {
-    Guarded("frmFileListOption, Form_Unload()"_L1, [&] { WriteScanOptions(program.settings(), options()); });
+    Guarded("frmFileListOption, Form_Unload()"_L1, [&] {
+        if (!WriteScanOptions(program.settings(), options()))
+            MsgBox(u"Параметры не сохранены: файл '%1' недоступен для записи!"_s.arg(program.settings().path()));
+    });
 }
 
 void frmFileListOption::cmdStartScan()
@@ -73,8 +76,8 @@ void frmFileListOption::cmdStartScan()
         if (inDrive.kind != Computer().kindWord) return; // of a DVD nothing is said
         if (!takeIdentifier(inDrive)) return;
         Drive* drive = program.drives.find(root);
-        const std::shared_ptr<Disc> medium = mediumOf(inDrive.id);
-        if (!drive || !medium) {
+        const std::shared_ptr<Disc> medium = drive ? MediumOf(*drive, inDrive.id) : nullptr;
+        if (!medium) {
             MsgBox(Refusal::NoDisc);
             return;
         }

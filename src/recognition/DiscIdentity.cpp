@@ -73,6 +73,12 @@ QString GetDiskIDcheck(Program& program, const QString& drive) { return ReadDisc
 
 QString GetDiskID(Program& program, const QString& drive) { return ReadDisc(program, drive).id; }
 
+std::shared_ptr<Disc> MediumOf(Drive& drive, const QString& id)
+{
+    std::shared_ptr<Disc> medium = drive.disc();
+    return medium && SerialToID(medium->volume().serial) == id ? medium : nullptr;
+}
+
 DriveGlance GlanceAt(const Program& program, const QString& drive)
 {
     DriveGlance glance{.drive = program.drives.find(drive), .volume = {}, .disc = {}};

@@ -28,6 +28,10 @@ DiscInDrive ReadDisc(Program& program, const QString& drive);
 QString GetDiskIDcheck(Program& program, const QString& drive);
 QString GetDiskID(Program& program, const QString& drive);
 
+/// The medium in a drive, so that nothing of another one is taken for that of `id`, which ReadDisc has told; null when it
+/// has been taken out or exchanged since, as it may have been while the user was asked for its kind.
+std::shared_ptr<Disc> MediumOf(Drive& drive, const QString& id);
+
 /// A look at a drive that touches no medium and asks nobody: under 1 ms.
 struct DriveGlance {
     Drive* drive = nullptr; ///< null when there is no such drive
