@@ -116,6 +116,7 @@ void frmTrackList::dcDatabase_Reposition()
 {
     Routine("dcDatabase_Reposition"_L1, [&] {
         sayNoList(dcDatabase->hasRow() ? QString() : u"В списке нет треков."_s);
+        setEnabledByTag(MyGroup, dcDatabase->hasRow());
         lblTracks->setText(u"Треков: %1"_s.arg(dcDatabase->recordCount()));
         txtTrackName->setText(dcDatabase->value(u"Название").text());
         txtComment->setText(dcDatabase->value(u"Комментарий").text());

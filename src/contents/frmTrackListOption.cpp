@@ -84,15 +84,21 @@ void frmTrackListOption::cmdOK()
             return;
         }
         if (!takeIdentifier(inDrive)) return;
-        if (!mediumOf(inDrive.id)) {
+        Drive* drive = program.drives.find(cmbDrive->currentText());
+        if (!drive || !MediumOf(*drive, inDrive.id)) {
             MsgBox(Refusal::NoAudioDisc);
             return;
         }
+        const bool import = chosen(chTrackImport); // which needs no more of the disc than its identifier
         const DiscToList toList = readDisc();
+        if (toList.names.isEmpty() && !import) {
+            MsgBox(Refusal::NoAudioDisc);
+            return;
+        }
         if (!CreateTrackTable()) return Unload();
 
         const Hourglass hourglass;
-        const std::optional<int> tracks = chosen(chTrackImport) ? ImportTrackList() : CreateTrackList(toList.names);
+        const std::optional<int> tracks = import ? ImportTrackList() : CreateTrackList(toList.names);
         if (!tracks) {
             DropList(program.tracksDatabase(), program.shared.CurrentDiscID);
             MsgBox(u"Информация о этом диске отсутствует в файле cdplayer.ini!"_s);
@@ -108,9 +114,10 @@ frmTrackListOption::DiscToList frmTrackListOption::readDisc() const
     const Hourglass hourglass;
     MMControl device(program.drives);
     device.Open(cmbDrive->currentText());
-    DiscToList toList{PlayingTime(ReadToc(device)), {}};
+    DiscToList toList;
     for (const DiscTrack& track : device.contents().tracks)
         if (track.audio) toList.names += track.title;
+    if (!toList.names.isEmpty()) toList.time = PlayingTime(ReadToc(device));
     return toList;
 }
 

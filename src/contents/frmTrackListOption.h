@@ -24,7 +24,7 @@ protected:
     void kindShown(const QString& kindWord) override;
 
 private:
-    /// The audio disc in the drive.
+    /// The audio disc in the drive; empty when its tracks cannot be read.
     struct DiscToList {
         QString time;      ///< "45:10"
         QStringList names; ///< of its audio tracks by its own text, mostly empty ones

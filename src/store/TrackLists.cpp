@@ -28,7 +28,7 @@ void ImportTrackList(const Database& tracks, const QString& id, const QStringLis
 void CreateLinkDiskID(const Database& main, DiscOfRow disc, const QString& id, int tracks, const QString& time)
 {
     QHash<QString, Value> fields{{CatalogueKind::listField(disc.disc), id}, {u"Записей%1"_s.arg(disc.disc), tracks}};
-    if (time.size() <= FieldLength::PlayingTime) fields[u"Время%1"_s.arg(disc.disc)] = time;
+    if (!time.isEmpty() && time.size() <= FieldLength::PlayingTime) fields[u"Время%1"_s.arg(disc.disc)] = time;
     SetFields(main, Audio(), disc.key, fields);
 }
 

@@ -19,8 +19,8 @@ private:
 /// Names from cdplayer.ini into the empty list `id`; "- нет -" stands for an empty one.
 void ImportTrackList(const Database& tracks, const QString& id, const QStringList& names);
 
-/// The row's disc has the list `id` from now on, so many tracks, and the playing time "45:10". One that its field does not
-/// hold, of 100 minutes or more, leaves the time as it was.
+/// The row's disc has the list `id` from now on, so many tracks, and the playing time "45:10". An empty one, and one that
+/// its field does not hold, of 100 minutes or more, leaves the time as it was.
 void CreateLinkDiskID(const Database& main, DiscOfRow disc, const QString& id, int tracks, const QString& time);
 
 /// The record source that shows the list.
