@@ -18,7 +18,7 @@ protected:
                    .number = 7,
                    .title = "Кино",
                    .album = "Группа крови",
-                   .discs = 2,
+                   .discs = 1, // that of a record from elsewhere may be too small
                    .disc = 2};
     }
 

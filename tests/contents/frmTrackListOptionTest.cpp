@@ -19,10 +19,7 @@ protected:
 TEST_F(TrackListOption, ANamelessListIsMadeLinkedAndKept)
 {
     choose([&]() -> Script {
-        EXPECT_EQ(title() + shown("lblHeader"), "Параметры сканирования диска № 7 (CD2)Параметры сканирования треков");
-        EXPECT_EQ(shown("cmbDrive") + shown("lblInserCD"), "V:\\Аудио диск");
-        EXPECT_EQ(sharedMnemonics(), "");
-        co_await picture("frmTrackListOption");
+        EXPECT_EQ(shown("lblHeader") + shown("lblInserCD"), "Параметры сканирования трековАудио диск");
         co_await check("chTrackWithoutName");
         co_await check("chTrackSave");
         co_await click("imgButton_0");
@@ -110,37 +107,4 @@ TEST_F(TrackListOption, TicksExcludeEachOtherAndFollowTheDisc)
         co_await select("cmbDrive", "V:\\");
         EXPECT_EQ(state(), "- - - e - ");
     });
-}
-
-TEST_F(TrackListOption, RefusalsComeInTheirOrder)
-{
-    struct ExchangedDisc : FakeDisc { // since the drive was asked for it
-        VolumeProperties volume() override { return FakeDisc::data({}, 5)->properties; }
-    };
-    const auto exchanged = std::make_shared<ExchangedDisc>();
-    exchanged->properties = disc->properties;
-    const QString insert = "Вставьте Аудио диск в устройство для чтения компакт-дисков и повторите операцию.";
-    choose([&]() -> Script {
-        for (const std::shared_ptr<FakeDisc>& other :
-             {FakeDisc::data("BACKUP", 5), std::shared_ptr<FakeDisc>(exchanged)}) {
-            drives.v.medium = other;
-            expectBox(insert, 48);
-            co_await click("imgButton_0");
-        }
-        drives.v.medium = disc;
-        disc->properties.serial = 0;
-        expectBox("В устройстве для чтения компакт дисков вставлен диск без идентификационного номера (возможно, что "
-                  "диск записан в формате PacketCD, который не поддерживается программой)!",
-                  48);
-        co_await click("imgButton_0");
-    });
-    drives.none = true;
-    const QString none = "Устройство для чтения компакт-дисков не найдено!";
-    expectBox(none, 48);
-    choose([&]() -> Script {
-        EXPECT_FALSE(enabled("cmbDrive") || enabled("chTrackImport"));
-        expectBox(none, 48);
-        co_await click("imgButton_0");
-    });
-    EXPECT_EQ(program.tracksDatabase().TableNames(), QStringList());
 }
