@@ -159,7 +159,8 @@ bool Replace(const QString& path, const QByteArray& content)
 {
     if (content.size() > LargestFile) return false;
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
+    // Of what its buffer holds, commit() does not see that it could not be written.
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() && file.commit();
 }
 }
 

@@ -1,4 +1,5 @@
 #include "platform/Profile.h"
+#include "harness/FileSizeLimit.h"
 #include "harness/FileSystemImages.h"
 #include "platform/CodePage1251.h"
 
@@ -55,7 +56,7 @@ TEST_F(ProfileFile, StartsWithoutAFileAndRefusesNamesThatCouldNotBeReadBack)
     EXPECT_EQ(profile.read(u"[odd] name", u"key"), "1");
 }
 
-TEST_F(ProfileFile, TooLargeOrUnreadableIsEmptyAndStaysAsItIs)
+TEST_F(ProfileFile, TooLargeUnreadableOrOnAFullDiskStaysAsItIs)
 {
     const QByteArray large = "[Option]\r\nDrive=E:\\\r\n" + QByteArray(4 << 20, ';');
     fill(QString::fromLatin1(large));
@@ -65,6 +66,12 @@ TEST_F(ProfileFile, TooLargeOrUnreadableIsEmptyAndStaysAsItIs)
 
     for (const QString& unwritable : {tree, at("gone/vinora.ini")})
         EXPECT_FALSE(Profile(unwritable).write(u"Option", u"Drive", "F:\\"));
+    fill("[Option]\r\nDrive=E:\\\r\n");
+    {
+        const FileSizeLimit diskFull(0);
+        EXPECT_FALSE(profile.write(u"Option", u"Drive", "F:\\"));
+    }
+    EXPECT_EQ(profile.read(u"Option", u"Drive"), "E:\\");
     EXPECT_EQ(QDir(temporary.path()).entryList(QDir::Files), QStringList("vinora.ini"));
 }
 
