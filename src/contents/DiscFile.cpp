@@ -4,6 +4,7 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QStandardPaths>
 #include <QStorageInfo>
@@ -35,9 +36,9 @@ void makeRoom(const QString& folder, qint64 size)
 {
     const QFileInfoList copies = QDir(folder).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Time);
     for (const QFileInfo& copy : copies) { // the newest one first
-        const QDir place(copy.filePath());
-        for (const QFileInfo& file : place.entryInfoList(QDir::Files | QDir::Hidden)) size += file.size();
-        if (size > MaximumCopied) QDir(place).removeRecursively();
+        QDirIterator files(copy.filePath(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (files.hasNext()) size += files.nextFileInfo().size();
+        if (size > MaximumCopied) QDir(copy.filePath()).removeRecursively();
     }
 }
 
@@ -49,6 +50,13 @@ QString spelling(const QStringList& entries, const QString& name)
         return entry.compare(name, Qt::CaseInsensitive) == 0;
     });
     return found == entries.end() ? QString() : *found;
+}
+
+/// What a file manager calls the folder of a copy: as on the disc, and the root by the disc's label.
+QString shownFolder(Disc& disc, const QString& folder)
+{
+    const QStringList names = folder.split(u'\\', Qt::SkipEmptyParts);
+    return SafeFileName(names.isEmpty() ? disc.volume().label : names.last());
 }
 
 }
@@ -100,9 +108,10 @@ DiscCopy::DiscCopy(std::shared_ptr<Disc> disc, const DiscFile& file, const QStri
 {
     const QString key = id + file.folder + u'\\' + file.name + u'\\' + QString::number(file.size);
     const QString process = copiesOf(getpid());
-    const QString folder = process + u'/' +
-                           QString::fromLatin1(
-                               QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256).toHex().left(16));
+    const QString place = process + u'/' +
+                          QString::fromLatin1(
+                              QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256).toHex().left(16));
+    const QString folder = place + u'/' + shownFolder(*m_disc, file.folder);
     QDir().mkpath(copiesRoot());
     makePrivateFolder(process);
     m_path = folder + u'/' + SafeFileName(file.name);
@@ -112,6 +121,7 @@ DiscCopy::DiscCopy(std::shared_ptr<Disc> disc, const DiscFile& file, const QStri
         return;
     }
     makeRoom(process, file.size);
+    makePrivateFolder(place);
     makePrivateFolder(folder);
     if (const QStorageInfo storage(folder); storage.isValid() && storage.bytesAvailable() < file.size)
         throw FileError(ENOSPC, m_path);

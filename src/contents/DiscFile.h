@@ -22,8 +22,8 @@ QString MountedPath(const QString& mountPoint, const QString& folder, const QStr
 QString SafeFileName(const QString& name);
 
 /// A private, read-only copy of a file from a medium that the desktop has not mounted. Copies lie in a folder of this
-/// process that only the user can enter, each in a folder of its own; all of them take 4 GiB at most, or one that is
-/// larger alone: the oldest make room for a new one.
+/// process that only the user can enter, each in a folder of its own that is called as on the disc; all of them take 4 GiB
+/// at most, or one that is larger alone: the oldest make room for a new one.
 class DiscCopy {
 public:
     /// `id` tells media apart: the same file of the same medium has the same copy, which is made once.

@@ -107,7 +107,8 @@ TEST_F(DiscFiles, TheOldestCopiesMakeRoomForANewOne)
         EXPECT_TRUE(QFile::setPermissions(made.last(), QFile::WriteOwner) && QFile::resize(made.last(), 5LL << 28));
         const timespec time{std::time(nullptr) - 300 + 60 * made.size(), 0};
         const timespec times[]{time, time};
-        utimensat(AT_FDCWD, QFile::encodeName(QFileInfo(made.last()).path()).constData(), times, 0);
+        const QString place = QFileInfo(QFileInfo(made.last()).path()).path();
+        utimensat(AT_FDCWD, QFile::encodeName(place).constData(), times, 0);
     }
     const auto left = [&] {
         QString marks;

@@ -181,7 +181,7 @@ TEST_F(FileList, ADoubleClickGivesTheDesktopTheFileOfTheRightDisc)
         co_await click("trView", "Docs");
         co_await doubleClick("lvFiles", "manual.htm");
         EXPECT_TRUE(desktop.opened.value(0).startsWith("folder of " + path("cache")));
-        EXPECT_TRUE(desktop.opened.value(0).endsWith("/Manual.htm"));
+        EXPECT_TRUE(desktop.opened.value(0).endsWith("/Docs/Manual.htm"));
 
         setOption("FilesAction", "1");
         drives.v.mounted = path("mnt");
