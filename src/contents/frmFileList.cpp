@@ -25,7 +25,7 @@ static const ListWords Words{
     .deleteRoutine = "DeleteList"_L1,
     .createHint = u"Создать список файлов диска"_s,
     .deleteHint = u"Удалить список файлов диска"_s,
-    .recreateHint = u"Удалить список файлов диска и создать новый"_s,
+    .recreateHint = u"Удалить список файлов диска и создать новый; диск должен быть в устройстве"_s,
     .closeHint = u"Закрыть список файлов"_s,
 };
 

@@ -17,7 +17,7 @@ static const ListWords Words{
     .deleteRoutine = "cmdDeleteList"_L1,
     .createHint = u"Создать список треков диска"_s,
     .deleteHint = u"Удалить список треков диска"_s,
-    .recreateHint = u"Удалить список треков диска и создать новый"_s,
+    .recreateHint = u"Удалить список треков диска и создать новый; диск должен быть в устройстве"_s,
     .closeHint = u"Закрыть список треков"_s,
 };
 

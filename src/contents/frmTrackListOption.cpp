@@ -1,6 +1,7 @@
 #include "contents/frmTrackListOption.h"
 
 #include "platform/CdToc.h"
+#include "platform/Files.h"
 #include "recognition/Refusals.h"
 #include "store/CdPlayerIni.h"
 #include "store/CddbServers.h"
@@ -17,6 +18,9 @@ frmTrackListOption::frmTrackListOption(Program& program, DiscOfRow disc, const L
     chTrackImport->setText(u"&файл cdplayer.ini"_s);
     chTrackWithoutName->setText(u"&Без запроса названия треков"_s);
     chTrackSave->setText(u"Со&хранить в cdplayer.ini"_s);
+    const QString inFile = u"Файл %1/cdplayer.ini"_s.arg(SystemProfileFolder());
+    for (QCheckBox* box : {chTrackImport, chTrackSave}) box->setToolTip(inFile);
+    if (!program.offers(u"frmCDDB")) chCDDB->setToolTip(u"В этой версии программы обращаться к серверам CDDB нельзя"_s);
     QLabel* hint = lettered(label(u"Если ничего не отмечено, названия вводятся по одному."_s), Lettering::Caption);
     imgButton[0]->setup(u"ok"_s, u"&Создать"_s, u"Создать список треков диска"_s);
     imgButton[0]->setDefault(true);
