@@ -161,6 +161,7 @@ TEST_F(FileListScanner, ErrorsAreToldApartByTheirNumber)
     for (const int other : {57, 70, 3026}) EXPECT_THROW(outcome(other), RuntimeError) << other;
     for (const int ofTheList : {7, 52}) {
         const auto refuse = [&](const FileRow&) { throw RuntimeError(ofTheList, "Отказ."); };
+        watcher = {};
         EXPECT_THROW(CreateFileList(*shelf(), {}, refuse, watcher), RuntimeError) << ofTheList;
     }
 }

@@ -243,7 +243,11 @@ TEST_F(FileListOption, StoppingWithinAFolderOfMusicReadsNoMoreTags)
         co_await check("chFiles");
         co_await scan();
     });
-    EXPECT_EQ(inSight, "");
+    EXPECT_EQ(inSight, "V:\\||Папок: 0, файлов: 0| 0/1 0/1000\n"
+                       "V:\\Z||Папок: 0, файлов: 0| 0/1 0/1000\n"
+                       "V:\\Z|1.mp3|Папок: 1, файлов: 0| 1/9 37/1000\n"
+                       "V:\\Z|2.mp3|Папок: 1, файлов: 1| 2/9 74/1000\n"
+                       "V:\\Z|3.mp3|Папок: 1, файлов: 2| 3/9 111/1000\n");
     EXPECT_EQ(asked.join(' '), "1.mp3 2.mp3 3.mp3");
     EXPECT_EQ(fileRows("SELECT Имя FROM [1A2B]"), "\\Z\\\n1.mp3\n2.mp3\n3.mp3\n\\\n");
     EXPECT_EQ(rows("SELECT ДискID2 FROM Компьютер"), "1A2B\n");
