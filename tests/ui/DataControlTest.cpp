@@ -229,3 +229,20 @@ TEST_F(BoundRows, OnlyTheRowsInViewAreRead)
         EXPECT_LT(read, 500);
     });
 }
+
+TEST_F(BoundRows, TheCurrentRowStaysInViewWhenTheWindowShrinks)
+{
+    fill(50);
+    Browser form(*database);
+    open(form, [&]() -> Script {
+        QScrollBar& bar = *form.DBGrid->verticalScrollBar();
+        co_await act([&] { form.resize(400, 500); });
+        form.dcDatabase->MoveTo(9);
+        EXPECT_EQ(bar.value(), 0);
+        co_await act([&] { form.resize(400, 220); });
+        EXPECT_GT(bar.value(), 0);
+        bar.setValue(30); // who has gone on from it stays where he looks
+        co_await act([&] { form.resize(400, 180); });
+        EXPECT_EQ(bar.value(), 30);
+    });
+}
