@@ -7,6 +7,7 @@
 #include "lending/Ledger.h"
 #include "recognition/BoundDisc.h"
 #include "recognition/DiscIdentity.h"
+#include "ui/DeliberateChoice.h"
 #include "ui/Theme.h"
 
 frmCatalogue::frmCatalogue(Program& program, const CatalogueKind& kind)
@@ -76,6 +77,7 @@ void frmCatalogue::connectControls()
     connect(dcDatabase, &DataControl::Reposition, this, [this] { dcDatabase_Reposition(); });
     connect(cmbSorted, &QComboBox::activated, this, [this] { cmbSorted_Click(); });
     connect(chSortedDESC, &QCheckBox::clicked, this, [this] { cmbSorted_Click(); });
+    ChooseDeliberately(cmbDictionary);
     connect(cmbDictionary, &QComboBox::activated, this, [this] { cmbDictionary_Click(); });
     connect(txtName, &QLineEdit::textEdited, this, [this] { txtName_KeyUp(); });
     connect(txtNumber, &QLineEdit::returnPressed, this, [this] { txtNumber_KeyPress(); });
@@ -276,6 +278,7 @@ void frmCatalogue::CheckDue()
         allow(3, !lent);
         explainLock(u"Диск на руках: сначала примите его обратно"_s);
         allow(4, program.offers(u"frmAddInDue"));
+        imgButton[4]->setHint(lent ? u"Принять диск обратно"_s : u"Выдать диск"_s);
         lblDue->setText(lent ? u"Должник\n"_s + BorrowerOf(program.mainDatabase(), kind, currentKey()) : QString());
         m_due->setOn(lent);
     });

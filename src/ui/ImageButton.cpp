@@ -17,15 +17,20 @@ void ImageButton::setup(const QString& iconName, const QString& text, const QStr
     // A shortcut of its own, because the button's would displace the mnemonic.
     delete m_shortcut;
     m_shortcut = nullptr;
-    m_hint = hint;
+    m_keys.clear();
     if (!shortcut.isEmpty()) {
         m_shortcut = new QShortcut(shortcut, this, [this] { click(); });
         m_shortcut->setAutoRepeat(false);
         if (const QKeyCombination first = shortcut[0]; first.key() == Qt::Key_Enter) // that of the keypad alone
             m_shortcut->setKeys({shortcut, QKeyCombination(first.keyboardModifiers(), Qt::Key_Return)});
-        const QString keys = shortcut.toString(QKeySequence::NativeText);
-        m_hint = hint.isEmpty() ? keys : u"%1 (%2)"_s.arg(hint, keys);
+        m_keys = shortcut.toString(QKeySequence::NativeText);
     }
+    setHint(hint);
+}
+
+void ImageButton::setHint(const QString& hint)
+{
+    m_hint = m_keys.isEmpty() ? hint : hint.isEmpty() ? m_keys : u"%1 (%2)"_s.arg(hint, m_keys);
     showHint();
 }
 

@@ -13,6 +13,8 @@ public:
     /// `icon` may be empty for a word alone, `text` for a picture alone and may hold a mnemonic "&". `hint` is the tooltip
     /// and, without text, the accessible name. `shortcut` is named in the tooltip.
     void setup(const QString& icon, const QString& text, const QString& hint, const QKeySequence& shortcut = {});
+    /// Another tooltip, with the shortcut as before.
+    void setHint(const QString& hint);
     /// What the tooltip says besides while the button is grey: why, where that is not plain to see.
     void setWhyDisabled(const QString& why);
 
@@ -23,6 +25,6 @@ protected:
 private:
     void showHint();
 
-    QString m_hint, m_whyDisabled;
+    QString m_hint, m_keys, m_whyDisabled;
     QShortcut* m_shortcut = nullptr;
 };

@@ -319,6 +319,7 @@ TEST_P(EveryCatalogue, LentDiscBlinksItsBorrowerAndCanBeNeitherDeletedNorChanged
     browse([&]() -> Script {
         EXPECT_EQ(shown("lblDue"), "Должник\nПетрова");
         EXPECT_EQ(buttons(), usual("0146"));
+        EXPECT_EQ(hint("imgButton_4").section('(', 0, 0).trimmed(), "Принять диск обратно");
         for (const bool lit : {false, true}) {
             co_await advance(100);
             EXPECT_EQ(visible("lblDue"), lit);
