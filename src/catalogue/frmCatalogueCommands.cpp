@@ -61,7 +61,7 @@ void frmCatalogue::cmdDue()
     Routine("cmdDue"_L1, [&] {
         if (!dcDatabase->value(u"Должник").toBool()) {
             if (!Ask(u"Добавить должника на диск № %1?"_s.arg(currentNumber()))) return;
-            program.screens->ShowAddInDue(*this, kind.code, currentKey());
+            program.screens->ShowAddInDue(*this, kind, currentKey());
             if (!std::exchange(program.shared.DialogDone, false)) return;
         } else {
             if (!Ask(u"Удалить должника с диска № %1?"_s.arg(currentNumber()))) return;

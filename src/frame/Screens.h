@@ -6,6 +6,7 @@
 #include <optional>
 
 class Form;
+struct CatalogueKind;
 
 /// A row of a list that is shown when the list opens.
 struct ListPlace {
@@ -42,8 +43,8 @@ public:
 
     virtual void ShowFileList(Form& opener, const ListRequest& request) = 0;
     virtual void ShowTrackList(Form& opener, const ListRequest& request) = 0;
-    /// The loan dialog for one disc. `category` is "AD", "PC" or "DVD".
-    virtual void ShowAddInDue(Form& opener, const QString& category, qint64 key) = 0;
+    /// The loan dialog for one disc.
+    virtual void ShowAddInDue(Form& opener, const CatalogueKind& kind, qint64 disc) = 0;
     /// The picker of discs. `mode` is "full" for all, "add" for those that can be lent or "del" for those that are out,
     /// and the catalogue behind it: "addPC". Nothing when the user gave up.
     virtual std::optional<DiscChoice> PickDisc(Form& opener, const QString& mode) = 0;

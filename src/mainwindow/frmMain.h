@@ -31,7 +31,7 @@ public:
     bool offers(QStringView screen) const override;
     void ShowFileList(Form& opener, const ListRequest& request) override;
     void ShowTrackList(Form& opener, const ListRequest& request) override;
-    void ShowAddInDue(Form& opener, const QString& category, qint64 key) override;
+    void ShowAddInDue(Form& opener, const CatalogueKind& kind, qint64 disc) override;
     std::optional<DiscChoice> PickDisc(Form& opener, const QString& mode) override;
 
 protected:

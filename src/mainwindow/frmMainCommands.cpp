@@ -253,7 +253,7 @@ std::optional<DiscChoice> frmMain::PickDisc(Form& opener, const QString& mode)
 
 void frmMain::ShowTrackList(Form& opener, const ListRequest& request) { ::ShowTrackList(program, opener, request); }
 
-void frmMain::ShowAddInDue(Form& opener, const QString& category, qint64 key)
+void frmMain::ShowAddInDue(Form& opener, const CatalogueKind& kind, qint64 disc)
 {
-    ::ShowAddInDue(program, *CatalogueByCode(category), key, &opener);
+    ::ShowAddInDue(program, kind, disc, &opener);
 }

@@ -3,6 +3,7 @@
 #include "frame/Screens.h"
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
+#include "store/CatalogueKind.h"
 
 #include <QStringList>
 
@@ -47,9 +48,9 @@ public:
     bool offers(QStringView screen) const override { return !missing.contains(screen); }
     void ShowFileList(Form&, const ListRequest& request) override { note(u"ShowFileList"_s, request); }
     void ShowTrackList(Form&, const ListRequest& request) override { note(u"ShowTrackList"_s, request); }
-    void ShowAddInDue(Form&, const QString& category, qint64 key) override
+    void ShowAddInDue(Form&, const CatalogueKind& kind, qint64 disc) override
     {
-        note(u"ShowAddInDue %1 %2"_s.arg(category).arg(key));
+        note(u"ShowAddInDue %1 %2"_s.arg(kind.code).arg(disc));
     }
     std::optional<DiscChoice> PickDisc(Form&, const QString& mode) override
     {
