@@ -26,7 +26,7 @@ struct Shared {
     bool OpenedFromSearch = false; ///< the search screen is open: set and cleared by it
 
     bool DialogDone = false;    ///< set by a dialog that did its work; the opener reads and clears it
-    bool DueDateChange = false; ///< puts the loan dialog into changing a term; set and cleared by the loan list
+    bool DueDateChange = false; ///< puts the loan dialog into changing a term; set and cleared by the dialog itself
 
     int LastSavedNumber = 0; ///< set by the dialog that saved a disc; read by whoever opened it
     int ShiftStart = 0;      ///< numbers from here on move up at the next save, 0 for none; MoveNumbers clears it

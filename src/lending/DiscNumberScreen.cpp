@@ -3,8 +3,6 @@
 #include "frame/Text.h"
 #include "ui/Icons.h"
 
-#include <algorithm>
-
 DiscNumberScreen::DiscNumberScreen(Program& program, const QString& screenName, const QString& title)
     : Screen(program, screenName, title)
 {
@@ -12,9 +10,12 @@ DiscNumberScreen::DiscNumberScreen(Program& program, const QString& screenName, 
         const CatalogueKind& category = *AllCatalogues()[i];
         optCategory[i]->setText(u'&' + category.mediumCaption); // their first letters differ
         optCategory[i]->setIcon(catalogueIcon(category.icon, category.accent));
-        connect(optCategory[i], &QRadioButton::toggled, this, [this] { m_picked.reset(); });
+        connect(optCategory[i], &QRadioButton::toggled, this, [this, &category](bool chosen) {
+            if (chosen) m_kind = &category;
+            m_picked.reset();
+        });
         // Arrow keys go on through the options all the same: they move the focus after the click.
-        connect(optCategory[i], &QRadioButton::clicked, txtNumber, [this] { txtNumber->setFocus(); });
+        connect(optCategory[i], &QRadioButton::clicked, txtNumber, [this] { focusNumber(); });
     }
     optCategory[0]->setChecked(true);
     txtNumber->setMaxLength(5);
@@ -23,12 +24,10 @@ DiscNumberScreen::DiscNumberScreen(Program& program, const QString& screenName, 
     connect(txtNumber, &QLineEdit::textEdited, this, [this] { m_picked.reset(); });
 }
 
-void DiscNumberScreen::Form_Activate() { txtNumber->setFocus(); }
-
-const CatalogueKind& DiscNumberScreen::kind() const
+void DiscNumberScreen::focusNumber()
 {
-    const auto chosen = std::ranges::find_if(optCategory, &QRadioButton::isChecked);
-    return *AllCatalogues()[std::size_t(chosen - optCategory.begin()) % optCategory.size()];
+    txtNumber->setFocus();
+    txtNumber->selectAll();
 }
 
 std::optional<NumberedDisc> DiscNumberScreen::namedDisc()
@@ -57,7 +56,6 @@ bool DiscNumberScreen::pickDisc(const QString& purpose)
         txtNumber->setText(QString::number(choice->number));
         m_picked = choice->key;
     }
-    txtNumber->setFocus();
-    txtNumber->selectAll();
+    focusNumber();
     return choice.has_value();
 }

@@ -15,9 +15,11 @@ public:
     QLineEdit* txtNumber = named("txtNumber");
 
 protected:
-    void Form_Activate() override;
+    void Form_Activate() override { focusNumber(); }
 
-    const CatalogueKind& kind() const;
+    const CatalogueKind& kind() const { return *m_kind; }
+    /// The keyboard to the number, marked: the next one replaces it.
+    void focusNumber();
     /// The disc that is named. None when there is no such one; the user has been told then.
     std::optional<NumberedDisc> namedDisc();
     /// The button that opens the picker.
@@ -27,6 +29,7 @@ protected:
     bool pickDisc(const QString& purpose);
 
 private:
+    const CatalogueKind* m_kind = nullptr; ///< of the chosen option; there is always one
     /// Key of the disc that was picked, while its number stands in the box: numbers may be shared.
     std::optional<qint64> m_picked;
 };

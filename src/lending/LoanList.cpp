@@ -19,6 +19,7 @@ QString LoanListSource(const QString& filter, int order, bool descending)
 }
 
 QString CategoryFilter(const CatalogueKind& kind) { return u"AND Должники.Категория = '%1' "_s.arg(kind.code); }
+bool IsCategoryFilter(const QString& filter) { return filter.startsWith(u"AND Должники.Категория"); }
 QString BorrowerFilter(const QString& text) { return u"AND Имя LIKE \"*%1*\""_s.arg(CleanText(text)); }
 
 QString NameFilter(const QString& name)

@@ -13,6 +13,7 @@ QString LoanListSource(const QString& filter, int order, bool descending);
 
 // Filters. In a text * ? # are wildcards; a name stands for itself, whatever it holds.
 QString CategoryFilter(const CatalogueKind& kind);
+bool IsCategoryFilter(const QString& filter);
 QString BorrowerFilter(const QString& text);
 QString NameFilter(const QString& name);
 

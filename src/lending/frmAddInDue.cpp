@@ -9,6 +9,14 @@
 #include "ui/PrefixCompletion.h"
 #include "ui/Theme.h"
 
+/// What comes and goes in the layout leaves the rest where it is.
+static void keepPlace(QWidget* widget)
+{
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
 frmAddInDue::frmAddInDue(Program& program) : Screen(program, u"frmAddInDue"_s, u"Добавление должника"_s)
 {
     setUpControls();
@@ -38,23 +46,13 @@ void frmAddInDue::setUpControls()
     lblDueDay->setText(u"&Сроком до"_s);
     lblDueDay->setBuddy(dtpBackDate);
     dtpBackDate->setAccessibleName(u"Сроком до"_s);
-    dtpBackDate->setLocale(RussianLocale());
-    dtpBackDate->setDisplayFormat(u"dd.MM.yyyy"_s);
-    dtpBackDate->setCalendarPopup(true);
+    keepPlace(dtpBackDate);
     chDueNonStop->setText(u"&бессрочный  долг"_s);
     lblDoNewBackDate->hide();
 
     imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Записать в список должников"_s);
     imgButton[0]->setDefault(true);
     imgButton[1]->setup(u"cancel"_s, u"Отмена"_s, u"Закрыть, ничего не записывая"_s);
-}
-
-/// What comes and goes in the layout leaves the rest where it is.
-static void keepPlace(QWidget* widget)
-{
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
 }
 
 QWidget* frmAddInDue::warning()
@@ -110,8 +108,7 @@ void frmAddInDue::Form_Load()
         completion->setItems(BorrowerNames(main));
         txtFIO->addItems(BorrowerNames(main, NameOrder::Alphabet));
         txtFIO->setCurrentIndex(-1);
-        dtpBackDate->setMinimumDate(program.clock.today());
-        dtpBackDate->setDate(program.clock.today());
+        dtpBackDate->setFirstDay(program.clock.today());
     });
 }
 
@@ -125,7 +122,7 @@ void frmAddInDue::Form_Activate()
         chDueNonStop->setFocus();
 }
 
-void frmAddInDue::showDisc(const CatalogueKind& kind, qint64 disc)
+void frmAddInDue::LendDisc(const CatalogueKind& kind, qint64 disc)
 {
     Load();
     m_kind = &kind;
@@ -138,6 +135,8 @@ void frmAddInDue::showDisc(const CatalogueKind& kind, qint64 disc)
     showTitle(kind.nameHeading(), found ? found->name : u"-"_s);
 }
 
+void frmAddInDue::Form_Unload() { program.shared.DueDateChange = false; }
+
 void frmAddInDue::showTitle(const QString& caption, const QString& title)
 {
     lblDescription->setText(caption);
@@ -147,11 +146,10 @@ void frmAddInDue::showTitle(const QString& caption, const QString& title)
     txtName->setCursorPosition(0);
 }
 
-void frmAddInDue::LendDisc(const CatalogueKind& kind, qint64 disc) { showDisc(kind, disc); }
-
 void frmAddInDue::ChangeTermOf(const ListedLoan& loan, const QString& borrower)
 {
-    showDisc(*loan.kind, loan.discKey);
+    LendDisc(*loan.kind, loan.discKey);
+    program.shared.DueDateChange = true;
     showTitle(loan.titleCaption(), loan.title());
     setWindowTitle(u"Изменение срока"_s);
     lblHeader->setText(u"Изменение срока возврата"_s);
@@ -216,7 +214,7 @@ bool frmAddInDue::save()
 {
     const Database main = program.mainDatabase();
     const QDate due = chDueNonStop->isChecked() ? QDate() : dtpBackDate->date();
-    if (std::exchange(program.shared.DueDateChange, false)) {
+    if (program.shared.DueDateChange) {
         if (ChangeTerm(main, *m_kind, m_disc, due)) return true;
         MsgBox(u"Диск № %1 не одалживался!"_s.arg(lblNumber->text()));
         return false;

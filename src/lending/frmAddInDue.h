@@ -2,23 +2,23 @@
 
 #include "frame/Screen.h"
 #include "lending/LoanList.h"
+#include "lending/TermBox.h"
 #include "ui/IconLabel.h"
 #include "ui/ImageButton.h"
 #include "ui/Notice.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 
-/// Lends one disc to somebody or, while DueDateChange stands, sets another term for one that is out. DialogDone tells
-/// whether it did.
+/// Lends one disc to somebody, or sets another term for one that is out; DueDateChange stands while it does that.
+/// DialogDone tells whether it did.
 class frmAddInDue : public Screen {
 public:
     explicit frmAddInDue(Program& program);
 
     // One of the two, before ShowModal().
     void LendDisc(const CatalogueKind& kind, qint64 disc);
-    /// Only with DueDateChange, of a loan whose catalogue is known.
+    /// Of a loan whose catalogue is known.
     void ChangeTermOf(const ListedLoan& loan, const QString& borrower);
 
     IconLabel* imgLogo = named("imgLogo");
@@ -30,7 +30,7 @@ public:
     QComboBox* txtFIO = named("txtFIO"); ///< to be typed in; completes from the names in their stored order
     QLabel* lblDoNewBackDate = named("lblDoNewBackDate"); ///< the term so far, of a change
     QLabel* lblDueDay = named("lblDueDay");
-    QDateEdit* dtpBackDate = named("dtpBackDate");
+    TermBox* dtpBackDate = named("dtpBackDate");
     QCheckBox* chDueNonStop = named("chDueNonStop");
     Notice* fraRating = named("fraRating"); ///< shown with the three labels in it
     QLabel* lblRating1 = named("lblRating1");
@@ -45,8 +45,8 @@ private:
     std::array<QWidget*, 4> ratingParts() const;
     void Form_Load() override;
     void Form_Activate() override;
+    void Form_Unload() override;
 
-    void showDisc(const CatalogueKind& kind, qint64 disc);
     void showTitle(const QString& caption, const QString& title);
     void chDueNonStop_Click();
     void CheckDue();

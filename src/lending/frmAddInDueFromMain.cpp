@@ -20,7 +20,7 @@ void frmAddInDueFromMain::setUpControls()
     optMethod[1]->setText(u"&Удалить"_s);
     optMethod[0]->setChecked(true);
     for (QRadioButton* method : optMethod)
-        connect(method, &QRadioButton::clicked, txtNumber, [this] { txtNumber->setFocus(); });
+        connect(method, &QRadioButton::clicked, txtNumber, [this] { focusNumber(); });
 
     imgButton[0]->setup(u"ok"_s, u"ОК"_s, u"Выдать диск должнику или принять его обратно (Enter)"_s);
     imgButton[0]->setDefault(true);

@@ -10,6 +10,9 @@ frmDiskHistory::frmDiskHistory(Program& program) : DiscNumberScreen(program, u"f
 {
     setUpControls();
     build();
+    // Another disc is about to be named: what is on view is not its history.
+    for (QRadioButton* option : optCategory) connect(option, &QRadioButton::toggled, this, [this] { showNone(); });
+    connect(txtNumber, &QLineEdit::textEdited, this, [this] { showNone(); });
     connect(imgButton[0], &ImageButton::clicked, this, [this] { Unload(); });
     connect(imgButton[1], &ImageButton::clicked, this, [this] { cmdPickDisc(); });
     connect(imgButton[2], &ImageButton::clicked, this, [this] { cmdShow(); });
@@ -21,11 +24,8 @@ void frmDiskHistory::setUpControls()
     lvHistory->setSortable(true);
     lvHistory->setAccessibleName(u"История диска"_s);
     lvHistory->setMinimumHeight(fontMetrics().height() * 10);
-    lettered(lblHistory, Lettering::Heading)->setText(u"История диска"_s);
-    lettered(txtNoHistory, Lettering::Heading)->setAlignment(Qt::AlignCenter);
-    txtNoHistory->setForegroundRole(QPalette::PlaceholderText);
-    txtNoHistory->setWordWrap(true);
-    txtNoHistory->setText(u"Назовите диск, и здесь появятся те, кто его брал."_s);
+    lettered(lblHistory, Lettering::Heading);
+    lettered(txtNoHistory, Lettering::Empty);
 
     imgButton[0]->setup(u"close"_s, u"&Закрыть"_s, u"Закрыть (Esc)"_s);
     setUpPicker(imgButton[1]);
@@ -39,8 +39,7 @@ void frmDiskHistory::build()
     auto* number = row(label(u"&Номер диска:"_s, txtNumber), txtNumber, imgButton[1], imgButton[2], stretch);
     number->setSpacing(Theme::Gap);
     QWidget* list = stack(lvHistory, txtNoHistory);
-    lvHistory->hide();
-    txtNoHistory->setVisible(true);
+    showNone();
     auto* history = column(lblHistory, list);
     history->setStretch(1, 1);
     auto* all = column(categories, number, history, row(stretch, imgButton[0]));
@@ -71,6 +70,15 @@ void frmDiskHistory::GetDiskHistory()
     });
 }
 
+void frmDiskHistory::showNone()
+{
+    lblHistory->setText(u"История диска"_s);
+    lvHistory->clear();
+    lvHistory->hide();
+    txtNoHistory->setText(u"Назовите диск, и здесь появятся те, кто его брал."_s);
+    txtNoHistory->show();
+}
+
 void frmDiskHistory::showHistory(const NumberedDisc& disc)
 {
     const auto day = [](QDate date) { return FormatDate(date, u"dd.MM.yyyy"_s); };
@@ -84,4 +92,5 @@ void frmDiskHistory::showHistory(const NumberedDisc& disc)
     lvHistory->setVisible(!rows.isEmpty());
     txtNoHistory->setVisible(rows.isEmpty());
     txtNoHistory->setText(u"Диск № %1 не одалживался!"_s.arg(disc.number));
+    txtNumber->selectAll();
 }

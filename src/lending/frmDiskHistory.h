@@ -20,5 +20,6 @@ private:
     void cmdPickDisc();
     void cmdShow();
     void GetDiskHistory();
+    void showNone();
     void showHistory(const NumberedDisc& disc);
 };

@@ -138,8 +138,6 @@ void frmDue::dcDatabase_Reposition()
             control->setEnabled(any);
         // Who has brought everything back is known by his name alone.
         imgButton[StatisticsButton]->setEnabled(any || filtered());
-        dbGrid->setVisible(any);
-        lblNoLoans->setVisible(!any);
         if (any)
             showLoan(currentLoan());
         else
@@ -152,9 +150,11 @@ void frmDue::showNoRow()
     m_due->setOn(false);
     for (QLineEdit* box : {txtNumber, txtName, txtDaysDue, static_cast<QLineEdit*>(txtTelephone)}) box->clear();
     cmbCategory->setCurrentIndex(0);
-    if (!filtered()) txtDueName->setCurrentIndex(-1);
+    // The name stays that was asked for, not that of the row which has gone.
+    const QString& filter = program.shared.CatalogueQueryFilter;
+    if (filter.isEmpty() || IsCategoryFilter(filter)) txtDueName->setCurrentIndex(-1);
     lblDescriptionCD->setText(u"Группа/Исполнитель - Альбом/Название"_s);
-    lblNoLoans->setText(filtered() ? u"По этому запросу никого нет."_s : u"Все диски на месте: должников нет."_s);
+    dbGrid->setEmptyText(filtered() ? u"По этому запросу никого нет."_s : u"Все диски на месте: должников нет."_s);
 }
 
 void frmDue::showLoan(const ListedLoan& loan)

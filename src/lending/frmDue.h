@@ -18,7 +18,6 @@ public:
     explicit frmDue(Program& program);
 
     class DBGrid* dbGrid = named("DBGrid");
-    QLabel* lblNoLoans = named("lblNoLoans"); ///< in the place of an empty list
     QLabel* lblSorted = named("lblSorted");
     QComboBox* cmbSorted = named("cmbSorted");
     QCheckBox* chSortedDESC = named("chSortedDESC");

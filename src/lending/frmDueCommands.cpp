@@ -15,10 +15,16 @@ void frmDue::lendAnother()
 {
     Guarded("frmDue, imgButton_Click()"_L1, [&] {
         const QString filter = program.shared.CatalogueQueryFilter; // the picker has a use of its own for it
+        const auto newestLoan = [this] {
+            return program.mainDatabase().Scalar(u"SELECT MAX(КодДолжника) FROM Должники").toLong();
+        };
+        const qint64 before = newestLoan();
         frmAddInDueFromMain(program).ShowModal(this);
         program.shared.CatalogueQueryFilter = filter;
         loadNames(); // somebody may have borrowed for the first time
         dcDatabase->RefreshInPlace();
+        const qint64 newest = newestLoan();
+        if (newest > before) dcDatabase->FindFirst(u"КодДолжника = ?"_s, {newest});
         focusList();
     });
 }
@@ -44,13 +50,9 @@ void frmDue::cmdChange()
     Guarded("frmDue, cmdChange()"_L1, [&] {
         const ListedLoan loan = currentLoan();
         if (!loan.kind) return;
-        program.shared.DueDateChange = true;
-        {
-            frmAddInDue dialog(program);
-            dialog.ChangeTermOf(loan, borrower());
-            dialog.ShowModal(this);
-        }
-        program.shared.DueDateChange = false; // one who gave up has left it so
+        frmAddInDue dialog(program);
+        dialog.ChangeTermOf(loan, borrower());
+        dialog.ShowModal(this);
         if (!std::exchange(program.shared.DialogDone, false)) return;
         dcDatabase->RefreshInPlace();
         dbGrid->setFocus();

@@ -32,8 +32,6 @@ void frmDue::setUpList()
     for (const SortOrder& order : LoanListOrders()) cmbSorted->addItem(order.item);
     chSortedDESC->setText(u"в об&ратном порядке"_s);
     dbGrid->setMinimumHeight(fontMetrics().height() * 10);
-    lettered(lblNoLoans, Lettering::Heading)->setAlignment(Qt::AlignCenter);
-    lblNoLoans->setForegroundRole(QPalette::PlaceholderText);
     lblSorted->setText(u"&Сортировка:"_s);
     lblSorted->setBuddy(cmbSorted);
     cmbSorted->setAccessibleName(u"Сортировка"_s);
@@ -132,7 +130,8 @@ void frmDue::build()
                         imgButton[StatisticsButton], stretch, imgButton[WholeListButton], imgButton[CloseButton]);
     buttons->setSpacing(Theme::Gap);
     auto* counter = row(lblSorted, cmbSorted, chSortedDESC, stretch, lblCDsCount0, lblCDsCount1);
-    auto* list = column(counter, stack(dbGrid, lblNoLoans));
+    auto* list = column(counter, dbGrid);
+    list->setStretch(1, 1);
     auto* all = column(buttons, list, details());
     all->setStretch(1, 1);
     all->setSpacing(Theme::Between);

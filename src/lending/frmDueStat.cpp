@@ -30,9 +30,7 @@ void frmDueStat::setUpLists()
     lvRating->setSortable(true);
     lvRating->setAccessibleName(u"Диски должника"_s);
     lvRating->setMinimumSize(fontMetrics().averageCharWidth() * 50, fontMetrics().height() * 9);
-    lettered(txtNoDue, Lettering::Heading)->setAlignment(Qt::AlignCenter);
-    txtNoDue->setForegroundRole(QPalette::PlaceholderText);
-    txtNoDue->setWordWrap(true);
+    lettered(txtNoDue, Lettering::Empty);
     setTag({dbGrid, optSorted[0], optSorted[1], optSorted[2], optSorted[3], chDue, lvRating}, u"MyGroup"_s);
     imgButton[0]->setup(u"close"_s, u"&Закрыть"_s, u"Закрыть (Esc)"_s);
 }

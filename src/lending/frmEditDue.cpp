@@ -16,9 +16,7 @@ frmEditDue::frmEditDue(Program& program) : BorrowerScreen(program, u"frmEditDue"
 void frmEditDue::setUpControls()
 {
     dbGrid->setMinimumSize(fontMetrics().averageCharWidth() * 44, fontMetrics().height() * 12);
-    lettered(lblNoNames, Lettering::Heading)->setAlignment(Qt::AlignCenter);
-    lblNoNames->setForegroundRole(QPalette::PlaceholderText);
-    lblNoNames->setText(u"Имён ещё нет."_s);
+    lettered(lblNoNames, Lettering::Empty)->setText(u"Имён ещё нет.\nНажмите «Добавить», чтобы внести первое."_s);
     cmdMakeChange->setup(u"save"_s, {}, u"Записать телефон должника (Enter)"_s);
     imgButton[0]->setup(u"close"_s, u"&Закрыть"_s, u"Закрыть (Esc)"_s);
     imgButton[1]->setup(u"person-add"_s, u"&Добавить…"_s, u"Добавить имя (Insert)"_s);

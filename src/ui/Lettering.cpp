@@ -36,6 +36,7 @@ private:
         case Lettering::Caption:
             m_label->setFont(Theme::caption(font));
             return colour(Theme::subdued(QApplication::palette()));
+        case Lettering::Empty: return colour(Theme::subdued(QApplication::palette()));
         case Lettering::Danger: return colour(Theme::danger(QApplication::palette()));
         }
     }
@@ -58,5 +59,9 @@ private:
 QLabel* lettered(QLabel* label, Lettering role)
 {
     new Dresser(label, role);
+    if (role == Lettering::Empty) {
+        label->setAlignment(Qt::AlignCenter);
+        label->setWordWrap(true);
+    }
     return label;
 }

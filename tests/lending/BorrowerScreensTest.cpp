@@ -1,9 +1,32 @@
 #include "harness/ScreenTest.h"
+#include "lending/Borrowers.h"
+#include "lending/PhoneBox.h"
 #include "lending/frmDue.h"
 #include "lending/frmDueStat.h"
 #include "lending/frmEditDue.h"
 
+#include <QCoreApplication>
+
 namespace {
+TEST(PhoneBox, EmptiesAndFillsOnlyOnTheWayToAnotherControl)
+{
+    PhoneBox box;
+    const auto after = [&](QEvent::Type type, Qt::FocusReason reason, const QString& text) {
+        box.setText(text);
+        QFocusEvent event(type, reason);
+        QCoreApplication::sendEvent(&box, &event);
+        return box.text();
+    };
+    for (const auto& [reason, moves] : {std::pair{Qt::TabFocusReason, true},
+                                        {Qt::MouseFocusReason, true},
+                                        {Qt::PopupFocusReason, false},
+                                        {Qt::ActiveWindowFocusReason, false}}) {
+        EXPECT_EQ(after(QEvent::FocusIn, reason, NoPhone), moves ? QString() : NoPhone) << reason;
+        EXPECT_EQ(after(QEvent::FocusOut, reason, {}), moves ? NoPhone : QString()) << reason;
+        EXPECT_EQ(after(QEvent::FocusIn, reason, "1-22"), "1-22");
+    }
+}
+
 class BorrowerScreens : public ScreenTest {
 protected:
     /// Rating, days, discs out and the bar.
@@ -85,7 +108,7 @@ TEST_F(BorrowerScreens, OpenFromTheListOfDebtorsWhichShowsWhatTheyChanged)
         co_await key(Qt::Key_Escape);
         EXPECT_EQ(shown("lblCDsCount1"), "3");
         EXPECT_EQ(items("txtDueName"), "Иванов\nПетрова\nСидоров\n");
-        EXPECT_EQ(shown("txtDueName"), "Петрова") << "it stays where it was";
+        EXPECT_EQ(shown("txtDueName"), "Сидоров") << "it goes to the new loan";
     });
 }
 

@@ -130,8 +130,9 @@ TEST_F(DiscByNumber, HasAHistoryOfItsBorrowers)
         EXPECT_EQ(shown("lvHistory"), out + taken) << "dates sort as texts";
         co_await picture("frmDiskHistory");
         co_await click("optCategory_2");
+        EXPECT_FALSE(visible("lvHistory")) << "it is not that disc's";
         expectBox("Диск № 7 отсутствует в каталоге.", 48);
-        co_await enter("7");
+        co_await keys("7\n");
         co_await click("optCategory_1");
         screens.picked = DiscChoice{.key = fresh.key(), .number = 7};
         co_await click("imgButton_1");
