@@ -43,8 +43,9 @@ bool FileFilter::contained(QStringView folded) const
     for (qsizetype i = 0; i + 1 < folded.size(); ++i) {
         if (!m_beginnings[pair(folded[i], folded[i + 1])]) continue;
         const QStringView rest = folded.sliced(i);
-        const auto candidates = std::ranges::equal_range(m_entries, beginning(rest), {}, beginning);
-        if (std::ranges::any_of(candidates, [&](const QString& entry) { return rest.startsWith(entry); })) return true;
+        auto entry = std::ranges::lower_bound(m_entries, beginning(rest), {}, beginning);
+        for (; entry != m_entries.end() && beginning(*entry) == beginning(rest); ++entry)
+            if (rest.startsWith(*entry)) return true;
     }
     return false;
 }

@@ -3,6 +3,7 @@
 #include "harness/FakeDrives.h"
 #include "harness/FileSystemImages.h"
 #include "harness/Print.h"
+#include "harness/UdfImage.h"
 #include "platform/CodePage1251.h"
 
 #include <QRandomGenerator>
@@ -31,8 +32,7 @@ struct Watcher : ScanWatcher {
     void readingError(const RuntimeError&) override { ++errors; }
 };
 
-class FileListScanner : public testing::Test {
-protected:
+struct Scanning {
     /// One line per row in the order of their making: folder, name ("." for the folder's own row), size, comment.
     std::string scan(Disc& disc, const ScanRules& rules = {}, const QString& last = {})
     {
@@ -50,6 +50,8 @@ protected:
 
     Watcher watcher; ///< of the last scan
 };
+
+class FileListScanner : public testing::Test, protected Scanning {};
 
 QByteArray tag(const QByteArray& title, const QByteArray& artist)
 {
@@ -77,6 +79,58 @@ struct FailingDisc : FakeDisc {
 };
 
 class DamagedImages : public ImageTest {};
+
+/// How a disc is written: with options of genisoimage, or as UDF in blocks of that size.
+struct Writing {
+    const char* name;
+    int longest; ///< a name may have so many letters
+    QStringList options = {};
+    UdfImage::Kind kind = UdfImage::plain;
+    int blockSize = 0;
+
+    friend void PrintTo(const Writing& writing, std::ostream* out) { *out << writing.name << ' ' << writing.blockSize; }
+};
+
+class DiscOfEveryKind : public ImageTest, protected Scanning, public testing::WithParamInterface<Writing> {
+protected:
+    /// Null where the tool is not installed.
+    std::unique_ptr<Disc> disc(const QString& longName)
+    {
+        const QByteArray song = QByteArray(5000, 'm') + tag(EncodeCp1251(u"Группа крови"_s), EncodeCp1251(u"Кино"_s));
+        const QString quoted = "say \"hi\" it's [x].txt";
+        if (const Writing& writing = GetParam(); writing.options.isEmpty()) {
+            const auto music = UdfImage::folder("Музыка", {{"Группа крови.MP3", song, UdfImage::shortForm},
+                                                           UdfImage::folder("Пусто", {}, UdfImage::longForm)});
+            write(image, UdfImage(writing.kind, writing.blockSize)
+                             .build(UdfImage::folder({},
+                                                     {{"hidden.txt", "x", UdfImage::inlineForm, 1, UdfImage::hidden},
+                                                      {quoted, QByteArray(3000, 'q'), UdfImage::longForm, 2},
+                                                      music,
+                                                      {longName, "n"}},
+                                                     UdfImage::shortForm)));
+        } else {
+            put("Музыка/Группа крови.MP3", song);
+            folder("Музыка/Пусто");
+            put("hidden.txt", "x");
+            put(quoted, QByteArray(3000, 'q'));
+            put(longName, "n");
+            if (!genisoimage(writing.options + QStringList{"-hidden", "hidden.txt"})) return {};
+            if (writing.options.contains("-udf")) hideInUdf("hidden.txt");
+        }
+        return OpenDiscImage(image);
+    }
+
+private:
+    /// What the tool does not do.
+    void hideInUdf(const QByteArray& name)
+    {
+        QByteArray bytes = contentsOf(image);
+        const qsizetype identifier = bytes.indexOf('\x08' + name) - 38;
+        bytes[identifier + 18] = UdfImage::hidden;
+        UdfImage::reseal(bytes, {identifier});
+        write(image, bytes);
+    }
+};
 
 }
 
@@ -207,3 +261,39 @@ TEST_F(DamagedImages, LoseRowsOnlyWithAMessage)
         EXPECT_GT(lost, 3);
     }
 }
+
+TEST_P(DiscOfEveryKind, GivesTheSameListByEveryRule)
+{
+    const QString longName = QString(GetParam().longest - 4, 'n') + ".txt";
+    const auto disc = this->disc(longName);
+    if (!disc) GTEST_SKIP() << "the tool that makes the image is not installed";
+    const std::string empty = "\\Музыка\\Пусто\\ . 0\n", music = "\\Музыка\\ . 0\n",
+                      song = "\\Музыка\\ Группа крови.MP3 5,0\n", root = "\\ . 0\n", hidden = "\\ hidden.txt 0,0\n",
+                      seen = "\\ " + longName.toStdString() + " 0,0\n\\ say \"hi\" it's [x].txt 2,9\n";
+    EXPECT_EQ(scan(*disc), empty + music + song + root + seen);
+    EXPECT_EQ(scan(*disc, {.hiddenFiles = true}), empty + music + song + root + hidden + seen);
+    EXPECT_EQ(scan(*disc, {.rootFiles = false, .hiddenFiles = true, .lowerCase = true, .tags = true}),
+              empty + music + "\\Музыка\\ группа крови.mp3 5,0 (Кино - Группа крови)\n" + root);
+    EXPECT_EQ(scan(*disc, {.foldersOnly = true, .hiddenFiles = true}), empty + music + root);
+    EXPECT_EQ(scan(*disc, {.folders = false}), root + seen);
+    const QStringList entries{".TXT"};
+    EXPECT_EQ(scan(*disc, {.hiddenFiles = true, .filter = FileFilter(entries, false)}), empty + music + song + root);
+    EXPECT_EQ(scan(*disc, {.hiddenFiles = true, .filter = FileFilter(entries, true)}),
+              empty + music + root + hidden + seen);
+    EXPECT_EQ(watcher.errors, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Written, DiscOfEveryKind,
+                         testing::Values(Writing{"plain", 200, {"-iso-level", "4", "-input-charset", "iso8859-1"}},
+                                         Writing{"Joliet", 103, {"-J", "-joliet-long"}},
+                                         Writing{"Rock Ridge", 255, {"-R"}}, Writing{"bridge", 254, {"-udf"}},
+                                         Writing{"pressed", 254, {}, UdfImage::plain, 512},
+                                         Writing{"pressed", 254, {}, UdfImage::plain, 2048},
+                                         Writing{"packets", 254, {}, UdfImage::sparable, 512},
+                                         Writing{"packets", 254, {}, UdfImage::sparable, 2048},
+                                         Writing{"old table", 254, {}, UdfImage::virtualOld, 512},
+                                         Writing{"old table", 254, {}, UdfImage::virtualOld, 2048},
+                                         Writing{"new table", 254, {}, UdfImage::virtualNew, 512},
+                                         Writing{"new table", 254, {}, UdfImage::virtualNew, 2048},
+                                         Writing{"metadata", 254, {}, UdfImage::metadata, 512},
+                                         Writing{"metadata", 254, {}, UdfImage::metadata, 2048}));

@@ -1,5 +1,7 @@
 #include "contents/frmFileList.h"
 #include "harness/ScreenTest.h"
+#include "harness/UdfImage.h"
+#include "recognition/DiscIdentity.h"
 
 #include <QApplication>
 #include <QDirIterator>
@@ -54,6 +56,13 @@ protected:
     {
         list({"\\", "\\readme.txt | 12,5 | Прочти", "\\setup.exe | 1 000,0", "\\Docs\\", "\\Docs\\manual.htm | 2,0",
               "\\Docs\\Img\\", "\\Docs\\Img\\a.gif | 7,0", "\\Empty\\"});
+    }
+    /// In the options: starts the scan and waits for its end.
+    Script scan()
+    {
+        expectForm("frmFileListCreate");
+        co_await click("imgButton_0");
+        co_await until([&] { return windowName() == "frmFileList"; });
     }
     template<class Body> void browse(const Body& body) { run<frmFileList>(body, request); }
 
@@ -251,4 +260,94 @@ TEST_F(FileList, OpensAtTheFileOrFolderThatItsOpenerFound)
     openAt({"\\Docs\\", ""}, "trView", "Docs", "manual.htm | 2,0");
     openAt({"\\Docs\\", "gone"}, "trView", "Docs", "manual.htm | 2,0");
     openAt({"\\gone\\", "a.gif"}, "trView", "...", "readme.txt | 12,5");
+}
+
+TEST_F(FileList, FortyLevelsOfFoldersAreShownAndOneMoreIsTold)
+{
+    for (const int levels : {40, 41}) {
+        const QString folder = '\\' + QString("d\\").repeated(levels);
+        drives.v.medium = FakeDisc::data("DEEP", quint32(levels));
+        drives.v.medium->file(folder + "deep.txt", 1);
+        browse([&]() -> Script {
+            expectForm("frmFileListOption");
+            co_await click("imgButton_1");
+            expectForm("frmFileListCreate");
+            if (levels > 40)
+                expectBox("ВНИМАНИЕ!\r\rПроизошла ошибка при создании списка файлов! Необходимо повторно произвести "
+                          "сканирование диска.");
+            co_await click("imgButton_0");
+            co_await until([&] { return windowName() == "frmFileList"; });
+            EXPECT_EQ(fileRows("SELECT COUNT(*) FROM [" + program.shared.CurrentDiscID + "]").toInt(), levels + 2);
+            if (levels > 40) {
+                EXPECT_TRUE(shown("lblNoList").contains("вложена глубже 40 уровней"));
+            } else {
+                co_await click("trView", QStringList(levels, "d").join('/'));
+                co_await picture("frmFileList-deep");
+
+                EXPECT_EQ(shown("lvFiles"), "deep.txt | 0,0\n");
+            }
+            expectBox("Вы действительно хотите удалить информация о структуре 1-го диска № 7?", 36, Answer::Yes);
+            co_await click("imgButton_2");
+        });
+    }
+}
+
+TEST_F(FileList, ADuplicateIsListedUnderAMadeUpIdentifierAndIsNeverTheDiscInTheDrive)
+{
+    shelf.computer(8, "Original").list(1, "1A2B", {"\\old.txt"});
+    browse([&]() -> Script {
+        expectForm("frmFileListOption");
+        co_await click("imgButton_1");
+        dialogs.expect(
+            {.kind = ScriptedDialogs::Kind::Box,
+             .type = 52,
+             .answer = Answer::Yes,
+             .accepts = [](const QString& box) { return box.contains("Серийный номер этого диска совпадает"); }},
+            Where::current());
+        co_await scan();
+        EXPECT_EQ(rows("SELECT ДискID1 FROM Компьютер WHERE Номер = 7"), program.shared.CurrentDiscID + '\n');
+        EXPECT_EQ(shown("lvFiles"), "readme.txt | 0,0\n");
+        expectBox("Вставьте диск № 7 в устройство для чтения компакт-дисков и повторите операцию.");
+        co_await doubleClick("lvFiles", "readme.txt");
+    });
+    EXPECT_TRUE(desktop.opened.isEmpty());
+}
+
+TEST_F(FileList, ADiscThatCannotBeReadInTheMiddleIsListedAndOpenedAsFarAsItGoes)
+{
+    const auto folderOf = [](const QString& name) {
+        return UdfImage::folder(name, {{name + ".txt", "of " + name.toUtf8()}}, UdfImage::longForm);
+    };
+    QByteArray udf = UdfImage(UdfImage::sparable, 2048)
+                         .build(UdfImage::folder({}, {folderOf("A"),
+                                                      folderOf("B"),
+                                                      folderOf("C"),
+                                                      {"film.avi", QByteArray(9000, 'f'), UdfImage::longForm}}));
+    udf[udf.indexOf("B.txt")] = 'b'; // its sum is wrong now
+    udf.chop(2048);                  // the end of the film
+    QFile image(path("damaged.iso"));
+    EXPECT_TRUE(image.open(QIODevice::WriteOnly) && image.write(udf) == udf.size());
+    image.close();
+    drives.add('W', image.fileName());
+    setOption("Drive", "W:\\");
+    setOption("FilesAction", "1");
+    program.skipcd().write(u"CD", SerialToID(drives.find(u"W:")->volume().serial), u"PC"_s);
+    browse([&]() -> Script {
+        expectForm("frmFileListOption");
+        co_await click("imgButton_1");
+        expectForm("frmFileListCreate");
+        expectBox("Ошибка чтения диска! Некоторые файлы не будут добавлены в список.");
+        co_await click("imgButton_0");
+        co_await until([&] { return windowName() == "frmFileList"; });
+        EXPECT_EQ(shown("trView") + shown("lvFiles"), "...\nA\nC\nfilm.avi | 8,8\n");
+        expectBox("Не удалось открыть файл 'film.avi'.\rДиск поврежден: данные, на которые он ссылается, лежат за его "
+                  "концом.");
+        co_await doubleClick("lvFiles", "film.avi");
+        EXPECT_TRUE(desktop.opened.isEmpty());
+        co_await click("trView", "C");
+        co_await doubleClick("lvFiles", "C.txt");
+        QFile copy(desktop.opened.value(0).sliced(5));
+        EXPECT_TRUE(copy.open(QIODevice::ReadOnly));
+        EXPECT_EQ(copy.readAll(), "of C");
+    });
 }
