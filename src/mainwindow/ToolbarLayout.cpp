@@ -81,5 +81,5 @@ bool SaveToolbarLayout(const QString& path, const ToolbarLayout& layout)
     QDataStream out(&file);
     prepare(out);
     out << magic << qChecksum(payload) << payload;
-    return file.commit();
+    return file.flush() && file.commit(); // which does not see that the rest of the buffer could not be written
 }
