@@ -200,18 +200,6 @@ void HitList::sizeColumns()
     }
 }
 
-void HitList::currentChanged(const QModelIndex& current, const QModelIndex& previous)
-{
-    RowTable::currentChanged(current, previous);
-    if (current.row() != previous.row()) emit currentRowChanged(current.row());
-}
-
-void HitList::changeEvent(QEvent* event)
-{
-    RowTable::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) sizeColumns();
-}
-
 void HitList::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -224,11 +212,4 @@ void HitList::keyPressEvent(QKeyEvent* event)
         setCurrentRow(last);
     else
         RowTable::keyPressEvent(event);
-}
-
-void HitList::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    RowTable::mouseDoubleClickEvent(event);
-    const QModelIndex index = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && index.isValid()) emit rowActivated(index.row());
 }

@@ -40,15 +40,14 @@ signals:
     void sortingChanged(bool sorting);
 
 protected:
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-    void changeEvent(QEvent* event) override;
+    void rowChanged(int row) override { emit currentRowChanged(row); }
+    void rowDoubleClick(int row) override { emit rowActivated(row); }
+    void sizeColumns() override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     class Model;
     struct Sorting;
-    void sizeColumns();
     void clickColumn(int column);
     void stopSorting();
     void takeOrder(int sorting);

@@ -179,23 +179,15 @@ void DBGrid::followControl()
     setCurrentIndex(m_model->index(row, std::max(0, currentIndex().column())));
 }
 
-void DBGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+void DBGrid::rowChanged(int row)
 {
-    RowTable::currentChanged(current, previous);
-    if (!m_following && m_control && current.isValid() && current.row() != m_control->position())
-        m_control->MoveTo(current.row());
+    if (!m_following && m_control && row >= 0 && row != m_control->position()) m_control->MoveTo(row);
 }
 
 void DBGrid::sizeColumns()
 {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 7 / 4);
     horizontalHeader()->setStretchLastSection(!SizeColumns(*horizontalHeader(), m_model->columnList()));
-}
-
-void DBGrid::changeEvent(QEvent* event)
-{
-    RowTable::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) sizeColumns();
 }
 
 void DBGrid::keyPressEvent(QKeyEvent* event)
@@ -226,10 +218,4 @@ bool DBGrid::handleKey(QKeyEvent* event)
     if (text.size() != 1 || !text[0].isLetterOrNumber()) return false;
     emit typed(text);
     return true;
-}
-
-void DBGrid::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    RowTable::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid()) emit rowDoubleClicked();
 }

@@ -42,16 +42,15 @@ signals:
     void rowDoubleClicked();
 
 protected:
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-    void changeEvent(QEvent* event) override;
+    void rowChanged(int row) override;
+    void rowDoubleClick(int) override { emit rowDoubleClicked(); }
+    void sizeColumns() override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     class Model;
     void followControl();
-    void sizeColumns();
     bool handleKey(QKeyEvent* event);
 
     Model* m_model;

@@ -286,18 +286,6 @@ void ListView::clickColumn(int column)
 
 void ListView::sizeColumns() { SizeColumns(*header(), m_model->columnList); }
 
-void ListView::changeEvent(QEvent* event)
-{
-    QTreeView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) sizeColumns();
-}
-
-void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
-{
-    QTreeView::currentChanged(current, previous);
-    if (current.row() != previous.row()) emit currentRowChanged(current.row());
-}
-
 void ListView::keyPressEvent(QKeyEvent* event)
 {
     const int row = currentRow();
@@ -310,11 +298,4 @@ void ListView::keyPressEvent(QKeyEvent* event)
         QTreeView::keyPressEvent(event);
         if (currentRow() != row && currentRow() >= 0) emit rowClicked(currentRow());
     }
-}
-
-void ListView::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    QTreeView::mouseDoubleClickEvent(event);
-    const QModelIndex index = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && index.isValid()) emit rowActivated(index.row());
 }

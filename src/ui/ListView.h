@@ -77,15 +77,14 @@ signals:
     void currentRowChanged(int row);
 
 protected:
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-    void changeEvent(QEvent* event) override;
+    void rowChanged(int row) override { emit currentRowChanged(row); }
+    void rowDoubleClick(int row) override { emit rowActivated(row); }
+    void sizeColumns() override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     class Model;
     void clickColumn(int column);
-    void sizeColumns();
 
     Model* m_model;
     bool m_sortable = false;
