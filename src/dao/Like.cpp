@@ -73,6 +73,7 @@ LikePattern::LikePattern(std::string_view pattern)
 
 void LikePattern::compile(std::u32string_view pattern)
 {
+    const std::size_t lastClose = pattern.rfind(U']'); // looked for once: a text may be nothing but brackets
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         const char32_t c = pattern[i];
         if (c == '*') {
@@ -81,7 +82,8 @@ void LikePattern::compile(std::u32string_view pattern)
             m_pieces.push_back({Piece::Any});
         } else if (c == '#') {
             m_pieces.push_back({Piece::Digit});
-        } else if (const std::size_t close = pattern.find(U']', i + 1); c == '[' && close != pattern.npos) {
+        } else if (c == '[' && lastClose != pattern.npos && i < lastClose) {
+            const std::size_t close = pattern.find(U']', i + 1);
             std::u32string_view inside = pattern.substr(i + 1, close - i - 1);
             Piece piece{Piece::Class};
             if (!inside.empty() && inside[0] == '!') {

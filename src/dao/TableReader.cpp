@@ -30,7 +30,6 @@ QString Selection::select(const QString& table) const
     return u"SELECT "_s + m_fields + u" FROM main."_s + QuotedName(table) + m_where;
 }
 
-bool TableReader::Row::isNull(int field) const { return m_statement.isNull(field); }
 qint64 TableReader::Row::number(int field) const { return m_statement.integer(field); }
 std::string_view TableReader::Row::text(int field) const { return m_statement.bytes(field); }
 

@@ -28,7 +28,6 @@ public:
     class Row {
     public:
         explicit Row(const Statement& statement) : m_statement(statement) {}
-        bool isNull(int field) const;
         qint64 number(int field) const; ///< 0 for Null
         /// UTF-8, without data() for Null. It is gone when the next row comes.
         std::string_view text(int field) const;
