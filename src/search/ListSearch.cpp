@@ -198,10 +198,24 @@ ListSearch::~ListSearch() { stop(); }
 void ListSearch::start(const ListQuery& query, const std::vector<ListedDisc>& discs)
 {
     stop();
-    RequireCriterion(query);
-    m_walk = std::make_unique<Walk>(query, discs, int(m_readers.size()));
-    for (const auto& reader : m_readers)
-        m_threads.emplace_back([walk = m_walk.get(), &reader = *reader, this] { walk->run(reader, m_wake); });
+    const auto readers = int(m_readers.size());
+    m_threads.reserve(m_readers.size());
+    m_walk = std::make_unique<Walk>(query, discs, readers);
+    try {
+        for (const auto& reader : m_readers)
+            m_threads.emplace_back([walk = m_walk.get(), &reader = *reader, this] { walk->run(reader, m_wake); });
+    } catch (const std::system_error&) {
+        if (m_threads.empty()) {
+            m_walk.reset();
+            throw RuntimeError(7, u"Поиск не начат: системе не хватает памяти для него."_s);
+        }
+        // Those that were given read what the others would have, or have read it by now.
+        const bool over = [&] {
+            const std::lock_guard lock(m_walk->mutex);
+            return (m_walk->readersLeft -= readers - int(m_threads.size())) == 0;
+        }();
+        if (over) m_wake();
+    }
 }
 
 void ListSearch::stop()

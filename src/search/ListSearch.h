@@ -35,7 +35,7 @@ public:
     ListSearch(const Database& lists, std::function<void()> wake);
     ~ListSearch(); ///< stops it
 
-    /// Error 3077 as RequireCriterion.
+    /// Of a query that passes RequireCriterion. Error 7 when the system gives no thread for it.
     void start(const ListQuery& query, const std::vector<ListedDisc>& discs);
     /// Returns at once, or nearly; what was found can still be taken.
     void stop();

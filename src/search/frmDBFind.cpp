@@ -11,7 +11,10 @@ namespace {
 constexpr int PollInterval = 100; // ms
 
 const auto ResultCaption = u"Результат поиска:"_s;
-const auto OpeningHint = u"Введите текст и нажмите «Найти».\n* заменяет любые буквы, ? — одну, # — цифру."_s;
+const auto OpeningHint =
+    u"Введите текст и нажмите «Найти».\n* заменяет любые буквы, ? — одну, # — цифру, [аб] — одну из этих.\n"
+    u"Сами знаки * ? # [ ищут в скобках: [*]."_s;
+constexpr int MostLogged = 20; // unread lists of a walk that are logged by name
 constexpr auto DoFile = "frmDBFind, doFile()"_L1;
 
 QStringList captionsOf(ListQuery::Kind kind)
@@ -184,16 +187,18 @@ void frmDBFind::ReadyToFindFile()
         lblResult->setText(ResultCaption);
         lvFind->setHits({});
         lvFind->setCaptions(captionsOf(m_query.kind));
-        m_discs = ListedDiscs(program.mainDatabase(), m_query.catalogue());
-        lvFind->setHits(Hits(m_discs));
         try {
-            search().start(m_query, m_discs);
+            RequireCriterion(m_query);
         } catch (const RuntimeError& error) {
-            if (error.number() != DaoErrorNumber::MalformedCriterion) throw;
+            lblNoHits->setText(u"Поиск с кавычками невозможен"_s);
+            showCount();
             TellFault(program, DoFile, error);
             backToText();
             return;
         }
+        m_discs = ListedDiscs(program.mainDatabase(), m_query.catalogue());
+        lvFind->setHits(Hits(m_discs));
+        search().start(m_query, m_discs);
         prbDiscs->setRange(0, int(m_discs.size()));
         m_poll.start();
         showRunning(true);
@@ -216,7 +221,7 @@ void frmDBFind::takeHits()
             const QString& list = m_discs[unread.disc].list;
             if (m_unread.contains(list)) continue;
             m_unread.insert(list);
-            LogFaultIfPossible(program, DoFile, unread.error);
+            if (m_unread.size() <= MostLogged) LogFaultIfPossible(program, DoFile, unread.error);
         }
         showCount();
         if (m_step.finished) finishWalk();
@@ -228,6 +233,9 @@ void frmDBFind::finishWalk()
     m_poll.stop();
     showRunning(false);
     lblNoHits->setText(whyEmpty());
+    if (const auto more = m_unread.size() - MostLogged; more > 0)
+        LogFaultIfPossible(program, DoFile,
+                           RuntimeError(DaoErrorNumber::TableNotFound, u"Не читается ещё списков: %1."_s.arg(more)));
     if (lvFind->hits().size() > 0) {
         lvFind->setFocus();
         // Who has scrolled stays there.
@@ -339,7 +347,6 @@ void frmDBFind::lvFind_DblClick(int row)
         const Hits& hits = lvFind->hits();
         const ListedDisc disc = hits.disc(hit);
         const CatalogueKind& kind = m_query.catalogue();
-        if (!program.offers(kind.list->screen)) return;
         Recordset record = program.mainDatabase().OpenRecordset(kind.rowByKey(), {disc.key});
         if (record.RecordCount() == 0) {
             MsgBox(u"Диск № %1 отсутствует в каталоге."_s.arg(disc.number));

@@ -59,6 +59,10 @@ TEST_F(DBFind, ShowsHitsOfFilesAndOpensTheirListAtThem)
         EXPECT_EQ(screens.opened.value(0), "ShowFileList 9 \"Игры\" disc 2 of 2");
         EXPECT_EQ(screens.lastRequest.place->folder + ' ' + screens.lastRequest.place->name, "\\Docs\\ Docs.txt");
 
+        expectBox("Нет таких файлов!", 48);
+        co_await find("нет");
+        EXPECT_EQ(shown("txtNoFile"), "");
+
         co_await check("chCommentOnly", true);
         co_await find("МЕНЯ");
         EXPECT_EQ(shown("lvFind"), "Docs.txt | 9 (2) | \\Docs\\\n");
@@ -146,9 +150,16 @@ TEST_F(DBFind, AMissingListIsLoggedOnceAndAQuotationMarkIsToldWithoutEndingThePr
             16);
         co_await find("3\"");
         EXPECT_EQ(logged().count("3077"), 1);
-        EXPECT_EQ(focus(), "txtSearchText");
+        EXPECT_EQ(focus() + shown("lvFind") + shown("lblProgress"), "txtSearchText");
+        EXPECT_TRUE(visible("lblNoHits"));
         co_await find("zip");
         EXPECT_EQ(shown("lvFind"), "docs.zip | 9 (2) | ...\n");
+
+        for (int number = 20; number < 60; ++number)
+            shelf.computer(number, "a").set("ДискID1", QString("нет%1").arg(number));
+        const qsizetype before = logged().count('\n');
+        co_await find("zip");
+        EXPECT_EQ(logged().count('\n') - before, 21);
     });
 }
 
@@ -160,15 +171,28 @@ TEST_F(DBFind, WhileItRunsItCanBeStoppedByTheButtonOrEscOrClosedAndNothingElseAc
         const CommandScope scope(engine);
         ShelfDisc disc = shelf.computer(11, "много").discs(6);
         for (int k = 1; k <= 6; ++k) disc.list(k, QString("E%1").arg(k), lines);
-        for (int number = 12; number < 600; ++number) shelf.computer(number, "много").set("ДискID1", u"E1");
+        for (int number = 12; number < 600; ++number) {
+            ShelfDisc other = shelf.computer(number, "много");
+            for (int k = 1; k <= 6; ++k) other.set(QString("ДискID%1").arg(k), QString("E%1").arg(k));
+        }
     }
     run<frmDBFind>([&]() -> Script {
+        const auto walked = [&] { return control<QProgressBar>("prbDiscs").value(); };
         for (const bool esc : {true, false}) {
-            co_await type("txtSearchText", "x");
+            co_await type("txtSearchText", "x1999");
             co_await click("imgButton_1");
             EXPECT_EQ(shown("imgButton_1"), "Остановить");
-            for (const QString input : {"txtSearchText", "cmbList", "chWholeWord", "imgButton_2", "optSearchMethod_1"})
+            for (const QString input : {"txtSearchText", "cmbList", "chWholeWord", "imgButton_2", "optSearchMethod_0",
+                                        "optSearchMethod_1", "chCommentOnly"})
                 EXPECT_FALSE(enabled(input)) << qPrintable(input);
+            co_await until([&] { return walked() > 0; });
+            EXPECT_TRUE(shown("lblProgress").startsWith(QString("Просмотрено дисков: %1 из").arg(walked())));
+            co_await key(Qt::Key_Home);
+            co_await key(Qt::Key_Return);
+            co_await doubleClick("lvFind", "x1999");
+            co_await clickHeader("lvFind", "№");
+            EXPECT_FALSE(control<HitList>("lvFind").sorting() || !screens.opened.isEmpty());
+            EXPECT_EQ(shown("imgButton_1"), "Остановить");
             if (esc)
                 co_await key(Qt::Key_Escape);
             else
