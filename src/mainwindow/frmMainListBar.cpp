@@ -1,4 +1,6 @@
 // The list bar of the main window: its fixed groups, and the user's query shortcuts.
+#include "catalogue/RecordSource.h"
+#include "dao/DBEngine.h"
 #include "mainwindow/frmMain.h"
 #include "search/frmCreateQuery.h"
 #include "ui/Icons.h"
@@ -92,15 +94,40 @@ static void tellNoShortcut(Program& program, const QString& name)
     program.dialogs.MsgBox(u"Запрос с именем '"_s + name + u"' ее найден!"_s);
 }
 
+/// The user may have written conditions by hand.
+static bool readable(const Database& main, const CatalogueKind& kind, const QString& filter)
+{
+    using namespace DaoErrorNumber;
+    try {
+        main.OpenRecordset(RecordSource(kind, filter, kind.sortOrders.constFirst().item, false));
+    } catch (const RuntimeError& error) {
+        for (const int number : {NoSuchParameter, MalformedStatement, TableNotFound, UndefinedFunction})
+            if (error.number() == number) return false;
+        throw;
+    }
+    return true;
+}
+
 void frmMain::runShortcut(const QString& name)
 {
-    const std::optional<StoredQuery> shortcut = ReadStoredQuery(program.queries(), name);
-    if (!shortcut) return tellNoShortcut(program, name);
-    program.shared.CatalogueQueryMode = true;
-    const CatalogueKind* kind = CatalogueByCode(shortcut->category);
-    if (!kind) return;
-    program.shared.CatalogueQueryFilter = shortcut->filter();
-    openCatalogue(*kind);
+    Guarded("frmMain, RunShortcut()"_L1, [&] {
+        const std::optional<StoredQuery> shortcut = ReadStoredQuery(program.queries(), name);
+        if (!shortcut) return tellNoShortcut(program, name);
+        const CatalogueKind* kind = CatalogueByCode(shortcut->category);
+        if (!kind) {
+            program.dialogs.MsgBox(u"Каталог '%1' ярлыка '%2' неизвестен."_s.arg(shortcut->category, name));
+            return;
+        }
+        if (!externalHas(*kind)) return;
+        if (!readable(program.mainDatabase(), *kind, shortcut->filter())) {
+            program.dialogs.MsgBox(u"Условие ярлыка '%1' не читается:\r\n%2\r\n\r\nИзмените или удалите ярлык."_s.arg(
+                name, shortcut->filter()));
+            return;
+        }
+        program.shared.CatalogueQueryMode = true;
+        program.shared.CatalogueQueryFilter = shortcut->filter();
+        openCatalogue(*kind);
+    });
 }
 
 void frmMain::showShortcutMenu(const QString& group, const QString& text, const QPoint& at)
@@ -115,15 +142,19 @@ void frmMain::showShortcutMenu(const QString& group, const QString& text, const 
 void frmMain::addShortcut()
 {
     Guarded("frmMain, ID_ToolbarEditAdd()"_L1, [&] {
+        const qsizetype before = SSListBar->items(shortcutGroup).size();
         frmCreateQuery(program).ShowModal();
         loadShortcuts();
+        QStringList folded = SSListBar->foldedGroups();
+        if (SSListBar->items(shortcutGroup).size() == before || folded.removeAll(shortcutGroup) == 0) return;
+        SSListBar->setFoldedGroups(folded); // who made one looks for it
     });
 }
 
 void frmMain::changeShortcut()
 {
     Guarded("frmMain, ID_ToolbarEditChange()"_L1, [&] {
-        const std::optional<StoredQuery> stored = ReadStoredQuery(program.queries(), m_shortcut);
+        const auto stored = ReadStoredQuery(program.queries(), m_shortcut, WholeFragmentBuffer);
         if (!stored) return tellNoShortcut(program, m_shortcut);
         frmCreateQuery form(program);
         form.Load();

@@ -129,17 +129,18 @@ QString NewQueryName(const Profile& queries)
         if (const QString name = u"Запрос%1"_s.arg(n); !QueryNameTaken(queries, name)) return name;
 }
 
+bool QueryNameReserved(const QString& name) { return std::ranges::all_of(name, isDigit) || sameName(name, Head); }
+
 bool QueryNameTaken(const Profile& queries, const QString& name, const QString& except)
 {
-    if (std::ranges::all_of(name, isDigit) || sameName(name, Head)) return true;
     return !sameName(name, except) && numberOf(queries, name) != 0;
 }
 
-std::optional<StoredQuery> ReadStoredQuery(const Profile& queries, const QString& name)
+std::optional<StoredQuery> ReadStoredQuery(const Profile& queries, const QString& name, int buffer)
 {
     StoredQuery query{.name = name, .category = queries.read(name, u"Category").trimmed()};
     if (query.category.isEmpty()) return {};
-    for (int i = 0; i < Conditions; ++i) query.fragments[i] = queries.read(name, conditionKey(i)).trimmed();
+    for (int i = 0; i < Conditions; ++i) query.fragments[i] = queries.read(name, conditionKey(i), buffer).trimmed();
     return query;
 }
 

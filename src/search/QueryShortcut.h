@@ -17,9 +17,11 @@
 //
 // The catalogue's statement ends in a WHERE clause, which fragments join.
 
-inline constexpr int Conditions = 3;         ///< at most, in a shortcut
-inline constexpr int LongestQueryName = 50;  ///< its reader takes 54 characters
-inline constexpr int LongestQueryText = 100; ///< a fragment's reader takes 254, and each apostrophe is doubled
+inline constexpr int Conditions = 3;                ///< at most, in a shortcut
+inline constexpr int LongestQueryName = 50;         ///< its reader takes 54 characters
+inline constexpr int FragmentBuffer = 255;          ///< of who runs a shortcut
+inline constexpr int WholeFragmentBuffer = 4 << 20; ///< of who writes it back: no file is longer
+inline constexpr int LongestQueryText = 100;        ///< each apostrophe is doubled, and all of it shall be run
 inline constexpr int LongestQueryNumber = 5;
 
 struct QueryCondition {
@@ -62,10 +64,12 @@ struct StoredQuery {
 QString QueryName(const QString& entered);
 /// "Запрос" and the first number behind those in use that makes a free name.
 QString NewQueryName(const Profile& queries);
-/// Whether a shortcut has the name, or the file needs it for itself. `except` is the one that is being changed.
+/// Whether the file needs the name for itself: it is a number, or the section of the count.
+bool QueryNameReserved(const QString& name);
+/// Whether a shortcut has the name. `except` is the one that is being changed.
 bool QueryNameTaken(const Profile& queries, const QString& name, const QString& except = {});
-/// Null when the file has no such shortcut, or one without a catalogue.
-std::optional<StoredQuery> ReadStoredQuery(const Profile& queries, const QString& name);
+/// Null when the file has no such shortcut, or one without a catalogue. Fragments are cut to `buffer` - 1 characters.
+std::optional<StoredQuery> ReadStoredQuery(const Profile& queries, const QString& name, int buffer = FragmentBuffer);
 /// As a new one, or in place of the shortcut `replaced`, which may have had another name. False when the file cannot be
 /// written.
 bool StoreQuery(const Profile& queries, const StoredQuery& query, const QString& replaced = {});

@@ -85,6 +85,9 @@ void frmCreateQuery::edit(const StoredQuery& query)
         txtName->setText(query.name);
         if (const CatalogueKind* stored = CatalogueByCode(query.category))
             optCategory[CatalogueIndex(*stored)]->setChecked(true);
+        else
+            MsgBox(u"Каталог '%1' этого ярлыка неизвестен. Проверьте, какой выбран, прежде чем сохранить ярлык."_s.arg(
+                query.category));
         for (int i = 0; i < Conditions; ++i) {
             const QString& fragment = query.fragments[i];
             if (fragment.size() <= 1) continue; // the catalogue passes it over, too
@@ -104,7 +107,7 @@ void frmCreateQuery::showCondition(int i, const QueryCondition& condition)
     cmbQ1[i]->setCurrentText(condition.field);
     cmbQ2[i]->setCurrentText(condition.comparison);
     const int listed = cmbQuery[i]->findText(condition.value, Qt::MatchFixedString);
-    // What the dictionary does not hold any more stays a text.
+    // A part of a name is a text, and so is a name that the dictionary does not hold any more.
     const bool list = FromDictionary(kind(), condition.field) && condition.comparison == u"=" && listed >= 0;
     takeFromList(i, list);
     if (list)
@@ -149,7 +152,7 @@ void frmCreateQuery::cmbQ1_Click(int i)
     delete txtQuery[i]->validator();
     if (number)
         txtQuery[i]->setValidator(new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), txtQuery[i]));
-    txtQuery[i]->setMaxLength(byHand(i) ? QWIDGETSIZE_MAX : number ? LongestQueryNumber : LongestQueryText);
+    txtQuery[i]->setMaxLength(byHand(i) ? int(m_byHand[i].size()) : number ? LongestQueryNumber : LongestQueryText);
     takeFromList(i, FromDictionary(kind(), field(i)));
     cmbQ2[i]->setEnabled(chosen && !byHand(i));
     txtQuery[i]->setEnabled(chosen);
@@ -209,6 +212,10 @@ bool frmCreateQuery::refused()
     }
     if (!formed(0) && !formed(1) && !formed(2))
         return refuseBox(cmbQ1[0], u"Хотя бы один запрос должен быть сформирован!"_s);
+    if (QueryNameReserved(QueryName(txtName->text()))) {
+        refuse(txtName, u"Название не может быть числом или словом 'Query'. Выберите другое название."_s);
+        return true;
+    }
     if (QueryNameTaken(program.queries(), QueryName(txtName->text()), m_edited)) {
         refuse(txtName, u"Запрос с таким именем уже существует. Выберите другое название!"_s);
         return true;

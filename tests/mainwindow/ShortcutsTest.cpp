@@ -64,13 +64,21 @@ TEST_F(Shortcuts, AClickShowsWhatSatisfiesAllConditions)
         expectBox("Запрос с именем 'Новинки' ее найден!", 48);
         co_await click("Новинки");
         program.queries().write(u"Все"_s, u"Query1", u"And Название = "_s);
-        expectFault("frmCataloguePCCD, cmbSored_Click()");
+        expectBox("Условие ярлыка 'Все' не читается:\r\nAnd Название =\r\n\r\nИзмените или удалите ярлык.", 48);
+        co_await click("Все");
+        program.queries().write(u"Все"_s, u"Query1", u"And Альбом = 'x'"_s); // of another catalogue
+        expectBox("Условие ярлыка 'Все' не читается:\r\nAnd Альбом = 'x'\r\n\r\nИзмените или удалите ярлык.", 48);
+        co_await click("Все");
+        program.queries().write(u"Все"_s, u"Category", u"LP"_s);
+        expectBox("Каталог 'LP' ярлыка 'Все' неизвестен.", 48);
         co_await click("Все");
     });
 }
 
 TEST_F(Shortcuts, TheMenuOfTheGroupChangesAndDeletesByMouseAndByKeyboard)
 {
+    const QString longOne = u"And Номер IN (0"_s + u", 1"_s.repeated(150) + u')';
+    program.queries().write(u"Группы"_s, u"Query3", longOne);
     walk([&]() -> Script {
         expectPopup("ID_ToolbarEdit", "");
         co_await rightClick("Группы");
@@ -93,6 +101,7 @@ TEST_F(Shortcuts, TheMenuOfTheGroupChangesAndDeletesByMouseAndByKeyboard)
         co_await click("imgButton_0");
         EXPECT_EQ(items(), QStringList({u"Новинки"_s, u"Хор"_s, u"Все"_s}));
         EXPECT_EQ(focus(), "Хор");
+        EXPECT_EQ(program.queries().read(u"Хор"_s, u"Query3", 1000), longOne);
 
         expectPopup("ID_ToolbarEdit", "ID_ToolbarEditDel");
         expectBox("Вы дейсвительно хотите удалить ярлык 'Новинки'?", 36, Answer::No);

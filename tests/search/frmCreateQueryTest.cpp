@@ -46,6 +46,8 @@ TEST_F(CreateQuery, RefusesWhatIsIncompleteInOrderAndStoresTheRest)
         EXPECT_EQ(shown("lblQuery_2"), "3. - Верно");
         co_await select("cmbQ2_2", "LIKE");
         co_await save("Запрос с таким именем уже существует. Выберите другое название!");
+        co_await type("txtName", "2003");
+        co_await save("Название не может быть числом или словом 'Query'. Выберите другое название.");
         co_await picture("frmCreateQuery");
         co_await select("cmbQ1_0", "Название");
         EXPECT_EQ(shown("txtQuery_0") + ' ' + shown("lblQuery_0"), " 1.");
@@ -105,7 +107,11 @@ TEST_F(CreateQuery, KeepsConditionsThatItCannotShowUntilAnotherFieldIsChosen)
     });
     EXPECT_EQ(ReadStoredQuery(program.queries(), "Чужой"), (StoredQuery{"Чужой", "PC", old.fragments}));
 
-    const auto again = [&](frmCreateQuery& form) { form.edit(*ReadStoredQuery(program.queries(), "Чужой")); };
+    program.queries().write(u"Чужой", u"Category", "LP");
+    const auto again = [&](frmCreateQuery& form) {
+        expectBox("Каталог 'LP' этого ярлыка неизвестен. Проверьте, какой выбран, прежде чем сохранить ярлык.", 48);
+        form.edit(*ReadStoredQuery(program.queries(), "Чужой"));
+    };
     runFilled<frmCreateQuery>(again, [&]() -> Script {
         co_await select("cmbQ1_0", "Название");
         EXPECT_EQ(shown("txtQuery_0") + shown("lblQuery_0"), "1.");
