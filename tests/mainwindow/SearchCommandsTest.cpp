@@ -36,6 +36,7 @@ TEST_F(MainWindow, AHitOpensTheListOfItsDisc)
 TEST_F(MainWindow, AShortcutThatWasMadeStandsInTheListBar)
 {
     walk([&]() -> Script {
+        control<ListBar>("SSListBar").setFoldedGroups({"g4"});
         expectForm("frmCreateQuery");
         co_await trigger("ID_ToolbarEditAdd");
         co_await type("txtName", "Мой");
@@ -43,5 +44,6 @@ TEST_F(MainWindow, AShortcutThatWasMadeStandsInTheListBar)
         co_await type("txtQuery_0", "x");
         co_await key(Qt::Key_Return);
         EXPECT_EQ(control<ListBar>("SSListBar").items("g4"), QStringList("Мой"));
+        EXPECT_EQ(control<ListBar>("SSListBar").foldedGroups(), QStringList());
     });
 }
