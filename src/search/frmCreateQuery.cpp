@@ -123,7 +123,7 @@ const CatalogueKind& frmCreateQuery::kind() const
     return Audio();
 }
 
-/// Another catalogue has other fields: the conditions begin anew.
+/// Another catalogue has other fields: conditions on those that it lacks are gone.
 void frmCreateQuery::optCategory_Click()
 {
     Guarded("frmCreateQuery, optCategory_Click()"_L1, [&] {
@@ -133,13 +133,17 @@ void frmCreateQuery::optCategory_Click()
             u"SELECT %1 FROM %1 WHERE %1 <> '' ORDER BY %1"_s.arg(dictionary));
         for (int i = 0; i < names.RecordCount(); ++i) values += names.row(i).constFirst().text();
         for (int i = 0; i < Conditions; ++i) {
-            const QSignalBlocker fields(cmbQ1[i]), list(cmbQuery[i]);
-            cmbQ1[i]->clear();
-            cmbQ1[i]->addItem({});
-            cmbQ1[i]->addItems(QueryFields(kind()));
-            cmbQuery[i]->clear();
-            cmbQuery[i]->addItems(values);
+            const QueryCondition before{field(i), cmbQ2[i]->currentText(), value(i)};
+            {
+                const QSignalBlocker fields(cmbQ1[i]), list(cmbQuery[i]);
+                cmbQ1[i]->clear();
+                cmbQ1[i]->addItem({});
+                cmbQ1[i]->addItems(QueryFields(kind()));
+                cmbQuery[i]->clear();
+                cmbQuery[i]->addItems(values);
+            }
             cmbQ1_Click(i);
+            if (QueryFields(kind()).contains(before.field)) showCondition(i, before);
         }
     });
 }

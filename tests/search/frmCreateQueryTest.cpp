@@ -82,10 +82,15 @@ TEST_F(CreateQuery, ShowsAStoredOneAgainAndAnotherCatalogueBeginsAnew)
 
     run<frmCreateQuery>([&]() -> Script {
         co_await select("cmbQ1_0", "Название");
+        co_await select("cmbQ2_0", "LIKE");
         co_await type("txtQuery_0", "x");
+        co_await select("cmbQ1_1", "Альбом");
+        co_await type("txtQuery_1", "y");
         co_await click("optCategory_2");
         EXPECT_EQ(items("cmbQ1_0"), "\nНомер\nНазвание\nЖанр\n");
-        EXPECT_EQ(shown("lblQuery_0"), "1.");
+        EXPECT_EQ(shown("cmbQ1_0") + shown("cmbQ2_0") + shown("txtQuery_0") + shown("lblQuery_0"),
+                  "НазваниеLIKEx1. - Верно");
+        EXPECT_EQ(shown("cmbQ1_1") + shown("txtQuery_1") + shown("lblQuery_1"), "2.");
         co_await key(Qt::Key_Escape);
     });
 }
