@@ -96,6 +96,7 @@ struct HitList::Sorting {
 HitList::HitList(QWidget* parent) : RowTable(parent), m_model(new Model(this))
 {
     setModel(m_model);
+    setTextElideMode(Qt::ElideMiddle); // paths and names differ at their ends
     horizontalHeader()->setStretchLastSection(false);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &HitList::clickColumn);
     setSortable(true);

@@ -49,6 +49,7 @@ frmDBFind::frmDBFind(Program& program, const QString& category) : Screen(program
     chWholeWord->setToolTip(u"Имя, путь, название или комментарий должны совпасть с текстом целиком"_s);
     chCommentOnly->setText(u"в &комментариях"_s);
     chCommentOnly->setToolTip(u"Искать только в комментариях к файлам или папкам"_s);
+    txtSearchText->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
     lettered(lblResult, Lettering::Heading);
     lblResult->setText(ResultCaption);
     lblNoHits->setAlignment(Qt::AlignCenter);
@@ -279,6 +280,7 @@ void frmDBFind::showProgress()
     if (m_stopped) said += u"поиск остановлен"_s;
     if (lvFind->sorting()) said += u"сортировка…"_s;
     if (lvFind->sortFailed()) said += u"для сортировки не хватает памяти"_s;
+    if (!said.isEmpty()) said[0].replace(0, 1, said[0][0].toUpper());
     lblProgress->setText(said.join(u", "_s));
 }
 
