@@ -17,7 +17,7 @@ void Notice::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor danger = Theme::danger(palette());
     painter.setPen(Theme::mix(Theme::card(palette()), danger, 0.5));
-    painter.setBrush(Theme::tint(danger, palette()));
+    painter.setBrush(Theme::mix(Theme::card(palette()), danger, 0.12)); // its own colour is read on it
     const double radius = fontMetrics().height() * 0.4;
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
 }
