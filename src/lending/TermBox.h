@@ -19,6 +19,7 @@ protected:
     /// Tab leaves the box; a point goes on to month or year.
     bool focusNextPrevChild(bool next) override
     {
+        // The parent's own goes through the parts of the date. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         return m_inKey ? QDateEdit::focusNextPrevChild(next) : QWidget::focusNextPrevChild(next);
     }
 
