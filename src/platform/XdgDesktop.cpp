@@ -33,7 +33,7 @@ bool XdgDesktop::open(const QString& what)
     if (process->state() != QProcess::NotRunning) {
         // On a bare desktop it lasts as long as the viewer, which may outlive us, so nobody owns it.
         QObject::connect(process.get(), &QProcess::finished, process.get(), &QObject::deleteLater);
-        process.release();
+        static_cast<void>(process.release());
         return true;
     }
     if (process->exitStatus() == QProcess::NormalExit && process->exitCode() == 0) return true;
