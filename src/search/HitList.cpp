@@ -101,7 +101,7 @@ HitList::HitList(QWidget* parent) : RowTable(parent), m_model(new Model(this))
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &HitList::clickColumn);
     setSortable(true);
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    sizeColumns();
+    HitList::sizeColumns();
 }
 
 HitList::~HitList() = default;
