@@ -127,7 +127,7 @@ DBGrid::DBGrid(QWidget* parent) : RowTable(parent), m_model(new Model(this))
 {
     setModel(m_model);
     horizontalHeader()->setSectionsClickable(false);
-    sizeColumns();
+    DBGrid::sizeColumns();
 }
 
 DBGrid::~DBGrid() = default;
