@@ -159,9 +159,10 @@ void loans(Walk& walk)
     walk.picture(u"film-is-back"_s);
     walk.press(Qt::Key_Escape);
     walk.until(u"the loan is on the dashboard"_s, [&walk] {
-        return walk.top()->findChild<QLabel*>(u"lblCDdueAudio"_s)->text() == u"1" &&
-               walk.top()->findChild<QLabel*>(u"lblCDdueDVD"_s)->text() == u"0" &&
-               walk.top()->findChild<QWidget*>(u"fraFindDueAudio"_s)->isVisible();
+        const auto* records = walk.top()->findChild<QLabel*>(u"lblCDdueAudio"_s); // none while a dialog is closing
+        const auto* films = walk.top()->findChild<QLabel*>(u"lblCDdueDVD"_s);
+        const auto* sign = walk.top()->findChild<QWidget*>(u"fraFindDueAudio"_s);
+        return records && films && sign && records->text() == u"1" && films->text() == u"0" && sign->isVisible();
     });
     walk.picture(u"loan-on-the-dashboard"_s);
 }
