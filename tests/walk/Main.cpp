@@ -24,10 +24,9 @@ void leave(Walk& walk)
 /// Types a path into the file chooser that is open.
 void choose(Walk& walk, const QString& path)
 {
-    walk.step(u"name the file"_s, [&walk, path] {
-        auto* chooser = qobject_cast<QFileDialog*>(walk.top());
-        if (chooser) chooser->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
-    });
+    walk.until(u"the file chooser is open"_s, [&walk] { return qobject_cast<QFileDialog*>(walk.top()) != nullptr; });
+    walk.step(u"name the file"_s,
+              [&walk, path] { walk.top()->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path); });
     walk.press(Qt::Key_Return);
 }
 

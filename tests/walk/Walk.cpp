@@ -28,13 +28,23 @@ void Walk::step(const QString& what, std::function<void()> action) { m_steps.pus
 
 void Walk::until(const QString& what, std::function<bool()> holds) { m_steps.push_back({what, {}, std::move(holds)}); }
 
+void Walk::untilUsable(const QString& name)
+{
+    until(u"'%1' can be used"_s.arg(name), [=, this] {
+        const auto* widget = top()->findChild<QWidget*>(name);
+        return widget && widget->isVisible() && widget->isEnabled();
+    });
+}
+
 void Walk::click(const QString& name)
 {
+    untilUsable(name);
     step(u"click "_s + name, [=, this] { QTest::mouseClick(find<QWidget>(name), Qt::LeftButton); });
 }
 
 void Walk::doubleClick(const QString& name)
 {
+    untilUsable(name);
     step(u"double click "_s + name, [=, this] {
         QWidget* at = target(find<QWidget>(name));
         const QPoint row(at->width() / 3, 12);
@@ -45,6 +55,7 @@ void Walk::doubleClick(const QString& name)
 
 void Walk::type(const QString& name, const QString& text)
 {
+    untilUsable(name);
     step(u"focus "_s + name, [=, this] {
         auto* widget = find<QWidget>(name);
         widget->setFocus(Qt::TabFocusReason);
@@ -102,6 +113,11 @@ void Walk::proceed()
         QTimer::singleShot(rest, this, &Walk::proceed);
         return;
     }
+    if (!takesKeys()) {
+        if ((m_waited += rest) > patience) fail(u"the window on top does not take keys"_s);
+        QTimer::singleShot(rest, this, &Walk::proceed);
+        return;
+    }
     m_waited = 0;
     const Step step = std::move(m_steps.front());
     m_steps.pop_front();
@@ -116,6 +132,12 @@ QWidget* Walk::top() const
     if (QWidget* popup = QApplication::activePopupWidget()) return popup;
     if (QWidget* modal = QApplication::activeModalWidget()) return modal;
     return m_main;
+}
+
+bool Walk::takesKeys() const
+{
+    const QWidget* window = top();
+    return window->windowType() == Qt::Popup || window->isActiveWindow();
 }
 
 template<class W> W* Walk::find(const QString& name) const

@@ -37,6 +37,9 @@ private:
         std::function<bool()> holds; ///< instead of an action
     };
     void proceed();
+    void untilUsable(const QString& name);
+    /// On a busy machine the window below keeps them for a moment.
+    bool takesKeys() const;
     template<class W> W* find(const QString& name) const;
     [[noreturn]] void fail(const QString& message) const;
 
