@@ -13,8 +13,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// One item of the list bar, shortened with a tooltip where the bar is too narrow for it: lit under the mouse, marked at its edge while the keyboard is used on it. A click leaves no
-/// mark, which would say that what it opened is still open.
+/// One item of the list bar, shortened with a tooltip where the bar is too narrow for it: lit under the mouse, marked at
+/// its edge while the keyboard is used on it. A click leaves no mark, which would say that what it opened is still open.
 class ListBarItem : public QAbstractButton {
 public:
     ListBarItem(const QString& key, const QString& caption, const QIcon& icon);
